@@ -1,0 +1,27 @@
+#include "host/model/CameraStation.h"
+
+namespace tarn {
+
+VClass CameraStationCls("CameraStation", &VObjectCls,
+                        []() -> VObject* { return new CameraStation; });
+
+int CameraStation::GetGPSPosition(Point3DDouble& position) const {
+  if (!_hasGPSPosition) return 0;
+  position = _gpsPosition;
+  return 1;
+}
+
+Camera* CameraStation::GetCamera(int) const { return _camera; }
+
+void CameraStation::SetOrientation(const Point3DDouble& position, const MatrixDouble& rotation) {
+  _position = position;
+  _rotation = rotation;
+  _oriented = 1;
+}
+
+void CameraStation::SetGPSPosition(const Point3DDouble& position) {
+  _gpsPosition = position;
+  _hasGPSPosition = 1;
+}
+
+}  // namespace tarn

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+#include "host/TarnOIHostExport.h"
+#include "host/classes/VString.h"
+
+namespace tarn {
+
+extern TARN_HOST_EXPORT VClass ObjectNameCls;
+
+/// The name under which objects are grouped: a layer.
+class TARN_HOST_EXPORT ObjectName : public VObject {
+public:
+  explicit ObjectName(std::string_view name = "Default") : _name(name) {}
+
+  virtual const VString& GetName() const { return _name; }
+
+  /// The layer of objects that name none.
+  static ObjectName* const gDefault;
+
+  VClass* iam() const override { return &ObjectNameCls; }
+
+private:
+  VString _name;
+};
+
+}  // namespace tarn

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "host/TarnOIHostExport.h"
+#include "host/classes/VOrdCollect.h"
+#include "host/classes/VString.h"
+#include "host/general/Colour.h"
+#include "host/model/ThreeDPoint.h"
+
+namespace tarn {
+
+class ImportedPoint;
+class MarkedPoint;
+
+extern TARN_HOST_EXPORT VClass ObjectPointCls;
+/// Points of a surface, which carry no error ellipsoid of their own.
+extern TARN_HOST_EXPORT VClass SurfacePointCls;
+
+/// What AllMarksAreSubPixel tells about the marks, for hosts that keep it.
+struct SubPixelInfo;
+
+/// An object point: a point of the object, marked on photographs and computed from
+/// its rays.
+class TARN_HOST_EXPORT ObjectPoint : public ThreeDPoint {
+public:
+  virtual long GetNumber() const { return _number; }
+  /// The name that the user gave; null when there is none.
+  virtual const VString* GetUserName() const { return _userName ? &*_userName : nullptr; }
+  /// Non-zero for a coded target, with its code and the ring of targets it is of.
+  virtual int GetTargetCode(int& code, int& ring) const;
+  /// Non-zero when there are marks and all were measured to a fraction of a pixel.
+  /// `info`, which may be null, receives what the host keeps about it (here null).
+  virtual int AllMarksAreSubPixel(SubPixelInfo** info) const;
+  /// The colour the photographs show there; null when it is not known.
+  virtual const Colour* GetRGBTextureColor() const { return _colour ? &*_colour : nullptr; }
+  /// Non-zero for a point that the adjustment holds fixed.
+  virtual int GetFrozen() const { return _frozen; }
+  /// Non-zero for a control point; with `showOnlyActive` only while it is active.
+  virtual int IsControlPoint(int showOnlyActive) const;
+  /// The imported point that this point is tied to; null when there is none.
+  virtual ImportedPoint* GetLinkedImportedPoint() const { return _linkedPoint; }
+  virtual int HasTState() const { return _tState; }
+  virtual int HasSecondState() const { return _secondState; }
+  /// Non-zero when the point has a 3D position; with `processedOnly` only when the
+  /// adjustment computed it.
+  virtual int HasUsablePosition(int processedOnly) const;
+
+  /// The marks of this point, in the order of its track; not owned.
+  const std::vector<MarkedPoint*>& GetMarkedPoints() const { return _marks; }
+
+  void SetNumber(long number) { _number = number; }
+  void SetUserName(const VString& name) { _userName = name; }
+  void SetTargetCode(int code, int ring);
+  void SetRGBTextureColor(const Colour& colour) { _colour = colour; }
+  void SetFrozen(int frozen) { _frozen = frozen; }
+  void SetControlPoint(int control, int active = 1);
+  void SetLinkedImportedPoint(ImportedPoint* point) { _linkedPoint = point; }
+  void SetTState(int state) { _tState = state; }
+  void SetSecondState(int state) { _secondState = state; }
+  /// Adds a mark and ties it to this point.
+  void AddMarkedPoint(MarkedPoint* mark);
+
+  VClass* iam() const override { return &ObjectPointCls; }
+
+private:
+  long _number = 0;
+  std::optional<VString> _userName;
+  std::optional<Colour> _colour;
+  int _targetCode = 0;
+  int _targetRing = 0;
+  bool _codedTarget = false;
+  bool _frozen = false;
+  bool _control = false;
+  bool _controlActive = false;
+  bool _tState = false;
+  bool _secondState = false;
+  ImportedPoint* _linkedPoint = nullptr;
+  std::vector<MarkedPoint*> _marks;
+};
+
+/// An object point that belongs to a surface.
+class TARN_HOST_EXPORT SurfacePoint : public ObjectPoint {
+public:
+  VClass* iam() const override { return &SurfacePointCls; }
+};
+
+}  // namespace tarn

@@ -1,0 +1,77 @@
+#include "host/model/Project.h"
+
+namespace tarn {
+
+VClass ProjectCls("Project", &VObjectCls, []() -> VObject* { return new Project; });
+
+namespace {
+// One object more at the end of its store, and in the collection that lists it.
+template <typename Object>
+Object& added(std::deque<Object>& store, VOrdCollect& all) {
+  Object& object = store.emplace_back();
+  all.add(&object);
+  return object;
+}
+}  // namespace
+
+Project::Project() = default;
+
+Project::~Project() = default;
+
+Camera& Project::AddCamera() { return added(_cameras, _allCameras); }
+
+CameraStation& Project::AddCameraStation() { return added(_stations, _allStations); }
+
+ObjectPoint& Project::AddObjectPoint() { return added(_objectPoints, _allObjectPoints); }
+
+ImportedPoint& Project::AddImportedPoint() { return added(_importedPoints, _allImportedPoints); }
+
+ObjectPoint* Project::FindObjectPoint(long number) const {
+  for (int i = 0; i < _allObjectPoints.size(); ++i) {
+    auto* point = static_cast<ObjectPoint*>(_allObjectPoints.at(i));
+    if (point->GetNumber() == number) return point;
+  }
+  return nullptr;
+}
+
+CameraStation* Project::FindCameraStation(std::string_view name) const {
+  for (int i = 0; i < _allStations.size(); ++i) {
+    auto* station = static_cast<CameraStation*>(_allStations.at(i));
+    if (station->GetName().str() == name) return station;
+  }
+  return nullptr;
+}
+
+BasicAffine* Project::GetAffineTransform(int) const { return _affine; }
+
+void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withStations,
+                                int processedOnly) const {
+  const BasicAffine* usable = affine && affine->SetupAffine() ? affine : nullptr;
+  const auto add = [&extents, usable](Point3DDouble point) {
+    if (usable) usable->ConvertPoint(point);
+    extents.Add(point);
+  };
+  for (const ObjectPoint& point : _objectPoints) {
+    Point3DRandom position;
+    if (point.HasUsablePosition(processedOnly) && point.GetApproximation(position)) {
+      add(position.position());
+    }
+  }
+  for (const ImportedPoint& point : _importedPoints) {
+    Point3DRandom position;
+    if (point.GetApproximation(position)) add(position.position());
+  }
+  if (!withStations) return;
+  for (const CameraStation& station : _stations) {
+    if (station.IsOriented()) add(station.GetPosition());
+  }
+}
+
+Extents Project::GetProjectExtents(BasicAffine* affine, int withStations,
+                                   int processedOnly) const {
+  Extents extents;
+  GetProjectExtents(extents, affine, withStations, processedOnly);
+  return extents;
+}
+
+}  // namespace tarn

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <deque>
+#include <string_view>
+
+#include "host/TarnOIHostExport.h"
+#include "host/classes/VOrdCollect.h"
+#include "host/model/BasicAffine.h"
+#include "host/model/Camera.h"
+#include "host/model/CameraStation.h"
+#include "host/model/Extents.h"
+#include "host/model/ImportedPoint.h"
+#include "host/model/ObjectName.h"
+#include "host/model/ObjectPoint.h"
+#include "host/model/PhotoCollection.h"
+
+namespace tarn {
+
+extern TARN_HOST_EXPORT VClass ProjectCls;
+
+/// A photogrammetric project and everything it owns. Objects are added empty and
+/// filled by their setters; the references returned stay valid for the project's
+/// life. Collections list the objects in the order they were added.
+class TARN_HOST_EXPORT Project : public VObject {
+public:
+  Project();
+  Project(const Project&) = delete;
+  Project& operator=(const Project&) = delete;
+  ~Project() override;
+
+  Camera& AddCamera();
+  CameraStation& AddCameraStation();
+  ObjectPoint& AddObjectPoint();
+  ImportedPoint& AddImportedPoint();
+
+  virtual const VOrdCollect& GetCameras() const { return _allCameras; }
+  virtual const VOrdCollect& GetCameraStations() const { return _allStations; }
+  virtual const VOrdCollect& GetObjectPoints() const { return _allObjectPoints; }
+  virtual const VOrdCollect& GetImportedPoints() const { return _allImportedPoints; }
+  virtual PhotoCollection* GetPhotoCollection() { return &_photographs; }
+  const PhotoCollection& photographs() const { return _photographs; }
+
+  /// The object point of that number, the station of that name; null when there is
+  /// none. Linear.
+  ObjectPoint* FindObjectPoint(long number) const;
+  CameraStation* FindCameraStation(std::string_view name) const;
+
+  /// The transform that brings the project into its own coordinate system; null
+  /// when it is there already. `active` non-zero leaves out one that is switched off.
+  virtual BasicAffine* GetAffineTransform(int active) const;
+  /// Sets the project's transform; not owned, null for none.
+  void SetAffineTransform(BasicAffine* affine) { _affine = affine; }
+
+  /// The box around everything that has a position, each point brought through
+  /// `affine` (which may be null) first. `withStations` non-zero counts oriented
+  /// camera stations, `processedOnly` non-zero leaves out object points that the
+  /// adjustment did not compute.
+  virtual void GetProjectExtents(Extents& extents, BasicAffine* affine, int withStations,
+                                 int processedOnly) const;
+  Extents GetProjectExtents(BasicAffine* affine, int withStations, int processedOnly) const;
+
+  VClass* iam() const override { return &ProjectCls; }
+
+private:
+  std::deque<Camera> _cameras;
+  std::deque<CameraStation> _stations;
+  std::deque<ObjectPoint> _objectPoints;
+  std::deque<ImportedPoint> _importedPoints;
+  PhotoCollection _photographs;
+  VOrdCollect _allCameras;
+  VOrdCollect _allStations;
+  VOrdCollect _allObjectPoints;
+  VOrdCollect _allImportedPoints;
+  BasicAffine* _affine = nullptr;
+};
+
+}  // namespace tarn

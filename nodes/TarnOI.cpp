@@ -1,0 +1,63 @@
+#include "nodes/TarnOI.h"
+
+#include <array>
+#include <ranges>
+
+#include "host/general/DisplayBitmaps.h"
+#include "nodes/framework/SoSeparatorWithLayerDict.h"
+#include "nodes/framework/TarnOIDrawStyle.h"
+#include "nodes/framework/TarnOILayerSeparator.h"
+#include "nodes/framework/TarnOIMaterial.h"
+#include "nodes/framework/TarnOIMaterialWithPriority.h"
+#include "nodes/framework/TarnOISearchAction.h"
+#include "nodes/framework/TarnOISeparator.h"
+#include "nodes/framework/TarnOISwitch.h"
+#include "nodes/framework/TarnOIText2.h"
+#include "nodes/framework/TarnOITexture.h"
+
+namespace TarnOI {
+
+namespace {
+
+template <typename Class>
+constexpr ClassEntry entry(const char* name, const char* parent, const char* summary) {
+  return {name, parent, summary, &Class::initClass, &Class::CleanUpInitClass,
+          &Class::getClassTypeId};
+}
+
+constexpr std::array table = {
+    entry<TarnOISeparator>("TarnOISeparator", "SoSeparator",
+                           "shows one object of the host's model (abstract)"),
+    entry<TarnOISearchAction>("TarnOISearchAction", "SoSearchAction",
+                              "finds the nodes that show a model object, hidden layers included"),
+    entry<TarnOILayerSeparator>("TarnOILayerSeparator", "TarnOISeparator",
+                                "holds the nodes of one layer"),
+    entry<TarnOISwitch>("TarnOISwitch", "SoSwitch",
+                        "shows or hides a layer; a search for an object looks through it"),
+    entry<SoSeparatorWithLayerDict>("SoSeparatorWithLayerDict", "SoSeparator",
+                                    "carries a map of layers for the host"),
+    entry<TarnOIMaterial>("TarnOIMaterial", "SoMaterial", "takes its colours from a host material"),
+    entry<TarnOIMaterialWithPriority>("TarnOIMaterialWithPriority", "SoMaterial",
+                                      "a highlight; the highest priority wins"),
+    entry<TarnOIDrawStyle>("TarnOIDrawStyle", "SoDrawStyle",
+                           "hides nodes from bounding boxes and picks too"),
+    entry<TarnOITexture>("TarnOITexture", "SoTexture2", "an image file, shared by its path"),
+    entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
+};
+
+}  // namespace
+
+std::span<const ClassEntry> classes() { return table; }
+
+void initClasses() {
+  for (const ClassEntry& entry : table) {
+    if (entry.getClassTypeId() == SoType::badType()) entry.initClass();
+  }
+  tarn::gSymbols.registerMarkers();
+}
+
+void cleanUpClasses() {
+  for (const ClassEntry& entry : std::views::reverse(table)) entry.cleanUpInitClass();
+}
+
+}  // namespace TarnOI

@@ -1,0 +1,80 @@
+#include "nodes/framework/TarnOISearchAction.h"
+
+#include <Inventor/C/tidbits.h>
+#include <Inventor/SbName.h>
+#include <Inventor/SoFullPath.h>
+#include <Inventor/lists/SoActionMethodList.h>
+#include <Inventor/lists/SoEnabledElementsList.h>
+
+#include "nodes/framework/TarnOIAssert.h"
+
+namespace {
+constexpr const char* sourceFile = "TarnOISearchAction";
+}
+
+SoEnabledElementsList* TarnOISearchAction::enabledElements = nullptr;
+SoActionMethodList* TarnOISearchAction::methods = nullptr;
+SoType TarnOISearchAction::classTypeId{};
+
+void TarnOISearchAction::initClass() {
+  if (!TARNOI_ASSERT(TarnOISearchAction::getClassTypeId() == SoType::badType(),
+                     "TarnOISearchAction::getClassTypeId() == SoType::badType()", sourceFile)) {
+    return;
+  }
+  if (!TARNOI_ASSERT(SoSearchAction::getClassTypeId() != SoType::badType(),
+                     "SoSearchAction::getClassTypeId() != SoType::badType()", sourceFile)) {
+    return;
+  }
+  classTypeId = SoType::createType(SoSearchAction::getClassTypeId(), "TarnOISearchAction");
+  enabledElements = new SoEnabledElementsList(SoSearchAction::getClassEnabledElements());
+  methods = new SoActionMethodList(SoSearchAction::getClassActionMethods());
+  cc_coin_atexit(atexit_cleanup);
+}
+
+void TarnOISearchAction::CleanUpInitClass() { atexit_cleanup(); }
+
+void TarnOISearchAction::atexit_cleanup() {
+  delete enabledElements;
+  enabledElements = nullptr;
+  delete methods;
+  methods = nullptr;
+  if (classTypeId != SoType::badType()) SoType::removeType("TarnOISearchAction");
+  classTypeId = SoType::badType();
+}
+
+SoType TarnOISearchAction::getClassTypeId() { return classTypeId; }
+
+SoType TarnOISearchAction::getTypeId() const { return classTypeId; }
+
+void TarnOISearchAction::addMethod(SoType nodeType, SoActionMethod method) {
+  if (!TARNOI_ASSERT(methods, "TarnOISearchAction::methods", sourceFile)) return;
+  methods->addMethod(nodeType, method);
+}
+
+void TarnOISearchAction::enableElement(SoType elementType, int stackIndex) {
+  if (!TARNOI_ASSERT(enabledElements, "TarnOISearchAction::enabledElements", sourceFile)) return;
+  enabledElements->enable(elementType, stackIndex);
+}
+
+const SoEnabledElementsList& TarnOISearchAction::getEnabledElements() const {
+  if (!TARNOI_ASSERT(enabledElements, "TarnOISearchAction::enabledElements", sourceFile)) {
+    return *SoSearchAction::getClassEnabledElements();
+  }
+  return *enabledElements;
+}
+
+SoEnabledElementsList* TarnOISearchAction::getClassEnabledElements() { return enabledElements; }
+
+SoActionMethodList* TarnOISearchAction::getClassActionMethods() { return methods; }
+
+TarnOISearchAction::TarnOISearchAction() { traversalMethods = methods; }
+
+TarnOISearchAction* TarnOISearchAction::from(SoSearchAction* action) {
+  return action->getTypeId().isDerivedFrom(classTypeId) ? static_cast<TarnOISearchAction*>(action)
+                                                        : nullptr;
+}
+
+bool TarnOISearchAction::addCurrentPath() {
+  addPath(getCurPath()->copy());
+  return isFound();
+}

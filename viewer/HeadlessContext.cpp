@@ -1,0 +1,65 @@
+#include "viewer/HeadlessContext.h"
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+
+struct HeadlessContext::Handles {
+  EGLDisplay display = EGL_NO_DISPLAY;
+  EGLContext context = EGL_NO_CONTEXT;
+  ~Handles() {
+    if (display == EGL_NO_DISPLAY) return;
+    eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    if (context != EGL_NO_CONTEXT) eglDestroyContext(display, context);
+    eglTerminate(display);
+  }
+};
+
+namespace {
+
+[[noreturn]] void fail(const char* what) {
+  throw std::runtime_error(std::string("no OpenGL without a window: ") + what +
+                           " (install Mesa's EGL and its software renderer: libegl-mesa0 and "
+                           "libgl1-mesa-dri)");
+}
+
+EGLDisplay surfacelessDisplay() {
+  const auto getPlatformDisplay = reinterpret_cast<PFNEGLGETPLATFORMDISPLAYEXTPROC>(
+      eglGetProcAddress("eglGetPlatformDisplayEXT"));
+  if (!getPlatformDisplay) fail("EGL has no platform displays");
+  const EGLDisplay display =
+      getPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
+  if (display == EGL_NO_DISPLAY) fail("EGL has no surfaceless display");
+  return display;
+}
+
+}  // namespace
+
+HeadlessContext::HeadlessContext() : handles(std::make_unique<Handles>()) {
+  handles->display = surfacelessDisplay();
+  if (!eglInitialize(handles->display, nullptr, nullptr)) fail("EGL cannot be initialised");
+  if (!eglBindAPI(EGL_OPENGL_API)) fail("EGL has no desktop OpenGL");
+  const EGLint wanted[] = {EGL_SURFACE_TYPE, EGL_PBUFFER_BIT, EGL_RENDERABLE_TYPE, EGL_OPENGL_BIT,
+                           EGL_NONE};
+  EGLConfig config = nullptr;
+  EGLint count = 0;
+  if (!eglChooseConfig(handles->display, wanted, &config, 1, &count) || count < 1) {
+    fail("EGL has no configuration for OpenGL");
+  }
+  handles->context = eglCreateContext(handles->display, config, EGL_NO_CONTEXT, nullptr);
+  if (handles->context == EGL_NO_CONTEXT) fail("EGL makes no OpenGL context");
+  makeCurrent();
+}
+
+HeadlessContext::~HeadlessContext() = default;
+
+void HeadlessContext::prepareEnvironment() { setenv("COIN_FULL_INDIRECT_RENDERING", "1", 0); }
+
+void HeadlessContext::makeCurrent() const {
+  if (!eglMakeCurrent(handles->display, EGL_NO_SURFACE, EGL_NO_SURFACE, handles->context)) {
+    fail("the context cannot be made current");
+  }
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include <Inventor/SbColor.h>
+#include <Inventor/SbViewportRegion.h>
+
+#include "viewer/HeadlessContext.h"
+#include "viewer/Picture.h"
+
+class SoGLRenderAction;
+class SoNode;
+
+/// Draws scenes into pictures without a window. It has an OpenGL context of its own and
+/// keeps Coin's render caches between frames, as a window does. SoDB must be initialised,
+/// after HeadlessContext::prepareEnvironment.
+class OffscreenRenderer {
+public:
+  /// Throws std::runtime_error when there is no OpenGL to draw with, or the size is not
+  /// between 1 and 16384 pixels or more than it can draw.
+  OffscreenRenderer(int width, int height);
+  ~OffscreenRenderer();
+
+  void setBackgroundColor(const SbColor& color) { background = color; }
+  const SbViewportRegion& getViewportRegion() const { return viewport; }
+  SoGLRenderAction& action() { return *renderAction; }
+
+  /// Draws the scene, which holds its own camera, and waits until it is drawn.
+  void draw(SoNode* scene);
+
+  /// Draws the scene and reads the picture back.
+  Picture render(SoNode* scene);
+
+private:
+  struct Framebuffer;
+  HeadlessContext context;
+  SbViewportRegion viewport;
+  SbColor background{0.0F, 0.0F, 0.0F};
+  std::unique_ptr<Framebuffer> framebuffer;
+  std::unique_ptr<SoGLRenderAction> renderAction;
+};

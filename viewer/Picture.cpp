@@ -1,0 +1,84 @@
+#include "viewer/Picture.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include <png.h>
+#include <simage.h>
+#include <turbojpeg.h>
+
+namespace {
+
+[[noreturn]] void fail(const std::string& fileName, const char* what) {
+  throw std::runtime_error(fileName + ": " + what);
+}
+
+// The file appears under its name only when it is complete.
+void writeWhole(const std::string& fileName, const auto& write) {
+  const std::string unfinished = fileName + ".part";
+  if (!write(unfinished.c_str())) {
+    std::remove(unfinished.c_str());
+    fail(fileName, "the picture cannot be written");
+  }
+  std::error_code error;
+  std::filesystem::rename(unfinished, fileName, error);
+  if (error) {
+    std::remove(unfinished.c_str());
+    fail(fileName, "the picture cannot be written");
+  }
+}
+
+}  // namespace
+
+void Picture::writePng(const std::string& fileName) const {
+  writeWhole(fileName, [this](const char* name) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = static_cast<png_uint_32>(width);
+    image.height = static_cast<png_uint_32>(height);
+    image.format = PNG_FORMAT_RGB;
+    return png_image_write_to_file(&image, name, 0, bytes.data(), 0, nullptr) != 0;
+  });
+}
+
+void Picture::writeJpeg(const std::string& fileName, int quality) const {
+  writeWhole(fileName, [this, quality](const char* name) {
+    const std::unique_ptr<void, int (*)(tjhandle)> compressor(tjInitCompress(), &tjDestroy);
+    unsigned char* encoded = nullptr;
+    unsigned long size = 0;
+    const int failed = tjCompress2(compressor.get(), bytes.data(), width, 0, height, TJPF_RGB,
+                                   &encoded, &size, TJSAMP_444, quality, TJFLAG_ACCURATEDCT);
+    const std::unique_ptr<unsigned char, void (*)(unsigned char*)> owner(encoded, &tjFree);
+    if (failed) return false;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name, "wb"),
+                                                               &std::fclose);
+    return file && std::fwrite(encoded, 1, size, file.get()) == size;
+  });
+}
+
+Picture Picture::read(const std::string& fileName) {
+  int width = 0;
+  int height = 0;
+  int components = 0;
+  const std::unique_ptr<unsigned char, void (*)(unsigned char*)> pixels(
+      simage_read_image(fileName.c_str(), &width, &height, &components), &simage_free_image);
+  if (!pixels) fail(fileName, "the picture cannot be read");
+  Picture picture(width, height);
+  for (int y = 0; y < height; ++y) {
+    // simage gives rows from the bottom up.
+    const unsigned char* row = pixels.get() + static_cast<std::ptrdiff_t>(height - 1 - y) * width *
+                                                  components;
+    for (int x = 0; x < width; ++x) {
+      for (int c = 0; c < 3; ++c) {
+        picture.bytes[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                       static_cast<std::size_t>(x)) *
+                          3 +
+                      static_cast<std::size_t>(c)] =
+            row[x * components + (components >= 3 ? c : 0)];
+      }
+    }
+  }
+  return picture;
+}
