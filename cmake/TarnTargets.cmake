@@ -30,6 +30,10 @@ function(tarn_target_defaults target)
   set_target_properties(${target} PROPERTIES
     CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tarn_private_flags>)
+  get_target_property(type ${target} TYPE)
+  if(TARNOI_SANITIZE AND type STREQUAL "EXECUTABLE")
+    target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/SanitizerDefaults.cpp")
+  endif()
   target_include_directories(${target} PUBLIC
     "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
     "$<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/generated>"

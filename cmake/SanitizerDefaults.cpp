@@ -1,0 +1,17 @@
+// Part of every program of the sanitize preset: what the sanitizers are told, so that each
+// program finds the same whoever starts it. ASAN_OPTIONS and the like still override.
+// The sanitizers' libraries look these functions up, so they must not be hidden.
+
+#define SANITIZER_DEFAULT extern "C" __attribute__((visibility("default"), used)) const char*
+
+SANITIZER_DEFAULT __asan_default_options() {
+  // Coin frees the bitmaps of SoMarkerSet, which it makes with new[], by plain delete
+  // (SoDB::finish). The checker cannot be told to overlook one library in this.
+  return "alloc_dealloc_mismatch=0:detect_leaks=1:detect_stack_use_after_return=1";
+}
+
+SANITIZER_DEFAULT __ubsan_default_options() { return "print_stacktrace=1"; }
+
+// Leaks of other libraries, one line each with its reason. Nothing of this project belongs
+// here.
+SANITIZER_DEFAULT __lsan_default_suppressions() { return ""; }
