@@ -1,5 +1,7 @@
 #include "host/model/Camera.h"
 
+#include <cmath>
+
 namespace tarn {
 
 VClass CameraCls("Camera", &VObjectCls, []() -> VObject* { return new Camera; });
@@ -41,7 +43,9 @@ int Camera::Project(const double pointInCamera[3], Point2DDouble& pixel) const {
       GetLensDistortion().Distort({pointInCamera[0] / depth, -pointInCamera[1] / depth});
   const Point2DDouble focal = focalLengthsInPixels();
   const Point2DDouble centre = GetPrincipalPoint();
-  pixel = {centre.x + focal.x * distorted.x, centre.y + focal.y * distorted.y};
+  const Point2DDouble result{centre.x + focal.x * distorted.x, centre.y + focal.y * distorted.y};
+  if (!std::isfinite(result.x) || !std::isfinite(result.y)) return 0;
+  pixel = result;
   return 1;
 }
 

@@ -37,7 +37,8 @@ public:
 
   /// The image point, in pixels and with lens distortion, of a point in the camera
   /// frame (x right, y up, z back, as the rows of a station's rotation matrix are).
-  /// Returns 0 for a point that is not in front of the camera.
+  /// Returns 0, and leaves `pixel` as it was, for a point that is not in front of the
+  /// camera or that the lens does not show.
   int Project(const double pointInCamera[3], Point2DDouble& pixel) const;
 
   /// The image point that the ideal camera (no distortion, principal point in the
