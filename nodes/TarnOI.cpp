@@ -14,6 +14,7 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/points/TarnOIObjectPointSeparator.h"
 
 namespace TarnOI {
 
@@ -43,6 +44,9 @@ constexpr std::array table = {
                            "hides nodes from bounding boxes and picks too"),
     entry<TarnOITexture>("TarnOITexture", "SoTexture2", "an image file, shared by its path"),
     entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
+    entry<TarnOIObjectPointSeparator>(
+        "TarnOIObjectPointSeparator", "TarnOISeparator",
+        "an object point: marker, colour, label and error ellipsoid"),
 };
 
 }  // namespace

@@ -1,0 +1,42 @@
+#include "nodes/framework/LabelUpdate.h"
+
+#include <Inventor/nodes/SoGroup.h>
+#include <Inventor/nodes/SoTransform.h>
+
+#include "nodes/framework/TarnOIAssert.h"
+#include "nodes/framework/TarnOIText2.h"
+#include "nodes/framework/ViewerFrame.h"
+
+namespace {
+template <typename Node>
+void takeOut(SoGroup& node, NodeRef<Node>& member) {
+  if (!member) return;
+  const int index = node.findChild(member.get());
+  if (index != -1) node.removeChild(index);
+  member.reset();
+}
+}  // namespace
+
+void LabelUpdate::apply(SoGroup& node, const tarn::VString& label,
+                        const tarn::Point3DDouble& modelPoint) const {
+  if (label.isEmpty()) {
+    if (!text) return;
+    takeOut(node, text);
+    takeOut(node, transform);
+    return;
+  }
+  const bool first = !text;
+  if (first) {
+    transform = makeNode<SoTransform>();
+    transform->scaleFactor.setValue(5.0F, 1.0F, 1.0F);
+    text = makeNode<TarnOIText2>();
+  }
+  text->string.setValue(label.text());
+  if (TARNOI_ASSERT(transform, transformName, className)) {
+    transform->translation.setValue(ViewerFrame::fromModel(modelPoint));
+  }
+  if (first) {
+    node.addChild(transform.get());
+    node.addChild(text.get());
+  }
+}

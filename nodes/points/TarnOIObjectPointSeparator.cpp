@@ -1,0 +1,305 @@
+#include "nodes/points/TarnOIObjectPointSeparator.h"
+
+#include <cmath>
+#include <string>
+
+#include <Inventor/SbMatrix.h>
+#include <Inventor/nodes/SoCoordinate3.h>
+#include <Inventor/nodes/SoMarkerSet.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoPointSet.h>
+#include <Inventor/nodes/SoSphere.h>
+#include <Inventor/nodes/SoTransform.h>
+
+#include "host/general/DisplayBitmaps.h"
+#include "host/general/Preferences.h"
+#include "host/general/ThreeDViewOffset.h"
+#include "host/model/ImportedPoint.h"
+#include "host/model/MatrixDouble.h"
+#include "host/model/ObjectPoint.h"
+#include "host/model/VectorDouble.h"
+#include "nodes/framework/LabelUpdate.h"
+#include "nodes/framework/PointCoordinate.h"
+#include "nodes/framework/SceneColor.h"
+#include "nodes/framework/TarnOIAssert.h"
+#include "nodes/framework/TarnOIText2.h"
+#include "nodes/framework/ViewerFrame.h"
+
+TARNOI_NODE_SOURCE(TarnOIObjectPointSeparator, TarnOISeparator);
+TARNOI_SEPARATOR_INIT_CLASS(TarnOIObjectPointSeparator);
+
+namespace {
+
+constexpr const char* sourceFile = "TarnOIObjectPointSeparator";
+
+bool isShownAsControlPoint(const tarn::ObjectPoint& point) {
+  return point.IsControlPoint(tarn::gPref->GetBoolPreference("ShowOnlyActive", 1, "Control"));
+}
+
+bool isCodedTarget(const tarn::ObjectPoint& point) {
+  int code = 0;
+  int ring = 0;
+  return point.GetTargetCode(code, ring);
+}
+
+int markerIndexOf(const tarn::ObjectPoint& point) {
+  if (isShownAsControlPoint(point)) return tarn::gSymbols.controlPoint;
+  if (point.HasSecondState()) return tarn::gSymbols.secondState;
+  if (point.AllMarksAreSubPixel(nullptr)) {
+    return isCodedTarget(point) ? tarn::gSymbols.codedTarget : tarn::gSymbols.subPixel;
+  }
+  return tarn::gSymbols.point;
+}
+
+tarn::Point3DRandom positionOf(const tarn::ObjectPoint& point) {
+  tarn::Point3DRandom position;
+  point.GetApproximation(position);
+  return position;
+}
+
+bool mayHaveEllipsoid(const tarn::ObjectPoint& point) {
+  return point.IsProcessed() || point.IsControlPoint(1) || point.GetFrozen();
+}
+
+// The unit sphere to the ellipsoid, in the model frame. The position is narrowed before
+// the view offset is taken off: hosts rely on it.
+SbMatrix ellipsoidInModel(const tarn::Point3DDouble& position, const tarn::MatrixDouble& axes,
+                          const tarn::VectorDouble& variances, double scale) {
+  SbVec3f halfAxes;
+  SbMatrix rotation = SbMatrix::identity();
+  for (int i = 0; i < 3; ++i) {
+    halfAxes[i] = static_cast<float>(std::sqrt(variances(i + 1)) * scale);
+    for (int j = 0; j < 3; ++j) rotation[i][j] = static_cast<float>(axes(j + 1, i + 1));
+  }
+  const auto narrowed = [](double value) { return static_cast<double>(static_cast<float>(value)); };
+  const tarn::Point3DDouble& offset = tarn::gThreeDViewOffset;
+  SbMatrix result;
+  result.setScale(halfAxes);
+  result.multRight(rotation);
+  SbMatrix translation;
+  translation.setTranslate(SbVec3f(static_cast<float>(narrowed(position.x) - offset.x),
+                                   static_cast<float>(narrowed(position.y) - offset.y),
+                                   static_cast<float>(narrowed(position.z) - offset.z)));
+  result.multRight(translation);
+  return result;
+}
+
+// A change of children signalled once, when all of it is done.
+class OneNotification {
+public:
+  explicit OneNotification(SoNode& node) : node(node), before(node.enableNotify(FALSE)) {}
+  ~OneNotification() {
+    node.enableNotify(before);
+    node.touch();
+  }
+  OneNotification(const OneNotification&) = delete;
+  OneNotification& operator=(const OneNotification&) = delete;
+
+private:
+  SoNode& node;
+  SbBool before;
+};
+
+}  // namespace
+
+TarnOIObjectPointSeparator::TarnOIObjectPointSeparator() { TARNOI_NODE_CONSTRUCTOR(); }
+
+TarnOIObjectPointSeparator::TarnOIObjectPointSeparator(const TarnOIObjectPointSeparator& other)
+    : TarnOIObjectPointSeparator() {
+  *this = other;
+}
+
+TarnOIObjectPointSeparator& TarnOIObjectPointSeparator::operator=(
+    const TarnOIObjectPointSeparator& other) {
+  TarnOISeparator::operator=(other);
+  pointPos = other.pointPos;
+  markerSet = other.markerSet;
+  rgbMaterial = other.rgbMaterial;
+  textLable = other.textLable;
+  trans = other.trans;
+  sphereSeparator = other.sphereSeparator;
+  sphereTransform = other.sphereTransform;
+  return *this;
+}
+
+TarnOIObjectPointSeparator::~TarnOIObjectPointSeparator() = default;
+
+void TarnOIObjectPointSeparator::SetObjectPoint(tarn::ObjectPoint* point, tarn::VDictionary* dict,
+                                                int useMarkers, int useRGB) {
+  SetTarnObject(point, dict);
+  if (!point) return;
+  if (getNumChildren() == 0) {
+    build(useMarkers, useRGB);
+    return;
+  }
+  pointPos = NodeRef(PointCoordinate::find(*this));
+  TARNOI_ASSERT(pointPos, "pointPos", sourceFile);
+  UpdateMarkerSet(useMarkers);
+  UpdateRGBColor(useRGB);
+  if (pointPos) PointCoordinate::place(*pointPos, positionOf(*point).position());
+}
+
+void TarnOIObjectPointSeparator::build(int useMarkers, int useRGB) {
+  const OneNotification once(*this);
+  // Of children that the host dropped nothing is taken up again but the shape.
+  rgbMaterial.reset();
+  trans.reset();
+  textLable.reset();
+  pointPos = makeNode<SoCoordinate3>();
+  PointCoordinate::place(*pointPos, positionOf(*point()).position());
+  UpdateMarkerSet(useMarkers);
+  UpdateRGBColor(useRGB);
+  addChild(pointPos.get());
+  addChild(markerSet.get());
+}
+
+void TarnOIObjectPointSeparator::UpdateMarkerSet(int useMarkers) {
+  const bool asMarker = useMarkers != 0;
+  if (!markerSet || markerSet->isOfType(SoMarkerSet::getClassTypeId()) != asMarker) {
+    NodeRef<SoPointSet> shape(asMarker ? new SoMarkerSet : new SoPointSet);
+    if (markerSet) {
+      const int place = findChild(markerSet.get());
+      if (place != -1) replaceChild(place, shape.get());
+    }
+    markerSet = shape;
+  }
+  if (asMarker && point()) {
+    static_cast<SoMarkerSet*>(markerSet.get())->markerIndex.setValue(markerIndexOf(*point()));
+  }
+}
+
+void TarnOIObjectPointSeparator::UpdateRGBColor(int useRGB) {
+  const tarn::Colour* colour = useRGB && point() ? point()->GetRGBTextureColor() : nullptr;
+  if (!colour) {
+    Highlight(rgbMaterial.get(), 0);
+    rgbMaterial.reset();
+    return;
+  }
+  const SbColor shown = SceneColor::from(*colour);
+  if (rgbMaterial) {
+    // The ambient part stays as it was made: hosts rely on it.
+    rgbMaterial->diffuseColor.setValue(shown);
+    return;
+  }
+  rgbMaterial = makeNode<SoMaterial>();
+  rgbMaterial->ambientColor.setIgnored(FALSE);
+  rgbMaterial->diffuseColor.setIgnored(FALSE);
+  rgbMaterial->ambientColor.setValue(shown);
+  rgbMaterial->diffuseColor.setValue(shown);
+  Highlight(rgbMaterial.get(), 1);
+}
+
+void TarnOIObjectPointSeparator::UpdateTextLable(int showNumber, int markT) {
+  const tarn::VString label = GetTextLable(showNumber, markT, point());
+  const LabelUpdate update{trans, textLable, "trans", sourceFile};
+  update.apply(*this, label, point() ? positionOf(*point()).position() : tarn::Point3DDouble());
+}
+
+void TarnOIObjectPointSeparator::ShowErrorEllipsoid(int show) {
+  if (TARNOI_ASSERT(tarnObject, "tarnObject", sourceFile) &&
+      tarnObject->isA(tarn::SurfacePointCls)) {
+    return;
+  }
+  if (!show) {
+    hideErrorEllipsoid();
+    return;
+  }
+  if (!sphereSeparator) CreateSphereSeparator();
+  if (findChild(sphereSeparator.get()) != -1) return;
+  int index = 0;
+  while (index < getNumChildren() && getChild(index)->isOfType(SoMaterial::getClassTypeId())) {
+    ++index;
+  }
+  insertChild(sphereSeparator.get(), index);
+}
+
+void TarnOIObjectPointSeparator::SetErrorEllipsoidScale(float scale) {
+  if (!sphereTransform) return;
+  if (!point() || !mayHaveEllipsoid(*point())) {
+    hideErrorEllipsoid();
+    return;
+  }
+  const tarn::Point3DRandom position = positionOf(*point());
+  tarn::MatrixDouble axes;
+  tarn::VectorDouble variances;
+  if (position.X().varianceUnknown || position.Y().varianceUnknown ||
+      position.Z().varianceUnknown || !position.EigenVectorValues(axes, variances)) {
+    hideErrorEllipsoid();
+    return;
+  }
+  sphereTransform->setMatrix(ViewerFrame::transformFromModel(
+      ellipsoidInModel(position.position(), axes, variances, static_cast<double>(scale))));
+}
+
+tarn::VString TarnOIObjectPointSeparator::GetTextLable(int showNumber, int markT,
+                                                       tarn::ObjectPoint* point) {
+  if (!point) return {};
+  const bool withT = markT && point->HasTState();
+  if (!showNumber) return withT ? "T" : "";
+
+  const int showUserName = tarn::gPref->GetBoolPreference("ShowUserNameInIDs", 1, nullptr);
+  const tarn::VString* userName = showUserName ? point->GetUserName() : nullptr;
+  const bool named = userName && !userName->isEmpty();
+  const tarn::ImportedPoint* linked = point->GetLinkedImportedPoint();
+  const std::string number = std::to_string(point->GetNumber());
+
+  std::string label = withT ? "T " : "";
+  label += isCodedTarget(*point) ? "[" + number + "]" : number;
+  if (named) label += ":" + userName->str();
+  // With a T the control point is named also where none is linked, and after a user name
+  // a colon stands ahead of it: hosts rely on both.
+  if (isShownAsControlPoint(*point) && (linked || withT)) {
+    if (withT && named) label += ":";
+    label += " (cpm:" + (linked ? linked->GetName().str() : std::string()) + ")";
+  }
+  return std::string_view(label);
+}
+
+void TarnOIObjectPointSeparator::GetPointSet(SoCoordinate3** coords, SoPointSet** points) const {
+  if (coords) *coords = pointPos.get();
+  if (points) *points = markerSet.get();
+}
+
+SoNode* TarnOIObjectPointSeparator::copy(SbBool copyConnections) const {
+  return boundCopy(TarnOISeparator::copy(copyConnections));
+}
+
+void TarnOIObjectPointSeparator::copyContents(const SoFieldContainer* from,
+                                              SbBool copyConnections) {
+  TarnOISeparator::copyContents(from, copyConnections);
+  // The members of a copy are its own children, where the original's were its: else a
+  // label or a marker of the copy could no longer be changed.
+  const auto* other = static_cast<const TarnOIObjectPointSeparator*>(from);
+  const auto own = [this, other]<typename Node>(NodeRef<Node>& mine, const NodeRef<Node>& theirs) {
+    const int index = theirs ? other->findChild(theirs.get()) : -1;
+    mine = NodeRef(index == -1 ? nullptr : static_cast<Node*>(getChild(index)));
+  };
+  own(pointPos, other->pointPos);
+  own(markerSet, other->markerSet);
+  own(rgbMaterial, other->rgbMaterial);
+  own(textLable, other->textLable);
+  own(trans, other->trans);
+  own(sphereSeparator, other->sphereSeparator);
+  sphereTransform =
+      NodeRef(sphereSeparator ? static_cast<SoTransform*>(sphereSeparator->getChild(0)) : nullptr);
+}
+
+void TarnOIObjectPointSeparator::CreateSphereSeparator() {
+  TARNOI_ASSERT(!sphereSeparator, "!sphereSeparator", sourceFile);
+  sphereSeparator = makeNode<SoSeparator>();
+  sphereTransform = makeNode<SoTransform>();
+  auto* sphere = new SoSphere;
+  sphere->radius.setValue(
+      static_cast<float>(tarn::gPref->GetPreference("ExagerationSphereSize", 1.0, nullptr)));
+  sphereSeparator->addChild(sphereTransform.get());
+  sphereSeparator->addChild(sphere);
+}
+
+tarn::ObjectPoint* TarnOIObjectPointSeparator::point() const {
+  return static_cast<tarn::ObjectPoint*>(tarnObject);
+}
+
+void TarnOIObjectPointSeparator::hideErrorEllipsoid() {
+  const int index = sphereSeparator ? findChild(sphereSeparator.get()) : -1;
+  if (index != -1) removeChild(index);
+}
