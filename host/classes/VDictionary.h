@@ -13,7 +13,8 @@ extern TARN_HOST_EXPORT VClass VDictionaryCls;
 /// virtual, so that an application can watch or replace them.
 class TARN_HOST_EXPORT VDictionary : public VObject {
 public:
-  /// Enters `value` under `key`, replacing an earlier value. A null key is ignored.
+  /// Enters `value` under `key`, replacing the entry of an equal key, the key included.
+  /// A null key is ignored. A key must outlive its entry.
   virtual void atKeyPut(VObject* key, void* value);
 
   /// Removes the entry of `key`; nothing happens when there is none.

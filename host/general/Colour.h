@@ -22,7 +22,7 @@ public:
 
   /// Sets the colour from hue, saturation and lightness, all in 0..1. The hue wraps
   /// (1.25 is 0.25, -0.25 is 0.75) and a non-finite hue counts as 0; saturation and
-  /// lightness are clamped. Source: Foley, van Dam, Feiner, Hughes, Computer
+  /// lightness are clamped, NaN to 0. Source: Foley, van Dam, Feiner, Hughes, Computer
   /// Graphics: Principles and Practice, 2nd ed., section 13.3.5.
   void SetAsHSL(double hue, double saturation, double lightness);
 

@@ -1,9 +1,10 @@
 #include "host/general/DisplayBitmaps.h"
 
-#include <array>
-
 #include <Inventor/SbVec2s.h>
 #include <Inventor/nodes/SoMarkerSet.h>
+
+#include <algorithm>
+#include <array>
 
 namespace tarn {
 
@@ -63,21 +64,38 @@ constexpr Picture pointPicture = {
     "    x    ",
     "         "};
 
-// Enters one picture under a new index. Coin takes rows from the bottom up, each
-// padded to whole bytes.
-int addMarker(const Picture& picture) {
-  std::array<unsigned char, 2 * symbolSize> bitmap{};
+// Coin keeps a marker's rows from the bottom up, each padded to whole bytes, the leftmost
+// pixel in the highest bit.
+using Bitmap = std::array<unsigned char, 2 * symbolSize>;
+
+Bitmap bitmapOf(const Picture& picture) {
+  Bitmap bitmap{};
   for (std::size_t row = 0; row < picture.size(); ++row) {
     for (std::size_t column = 0; column < symbolSize; ++column) {
-      if (picture[picture.size() - 1 - row][column] == 'x') {
-        bitmap[2 * row + column / 8] = static_cast<unsigned char>(
-            bitmap[2 * row + column / 8] | (0x80U >> (column % 8)));
-      }
+      if (picture[picture.size() - 1 - row][column] != 'x') continue;
+      unsigned char& byte = bitmap[2 * row + column / 8];
+      byte = static_cast<unsigned char>(byte | (0x80U >> (column % 8)));
     }
   }
-  const int index = SoMarkerSet::getNumDefinedMarkers();
-  SoMarkerSet::addMarker(index, SbVec2s(symbolSize, symbolSize), bitmap.data(), FALSE, TRUE);
-  return index;
+  return bitmap;
+}
+
+// The index of one picture: that under which it is already known, or a new one.
+int markerOf(const Picture& picture) {
+  const Bitmap bitmap = bitmapOf(picture);
+  const int count = SoMarkerSet::getNumDefinedMarkers();
+  for (int index = SoMarkerSet::NUM_MARKERS; index < count; ++index) {
+    SbVec2s size;
+    const unsigned char* bytes = nullptr;
+    SbBool leastBitFirst = FALSE;
+    if (SoMarkerSet::getMarker(index, size, bytes, leastBitFirst) && bytes &&
+        size == SbVec2s(symbolSize, symbolSize) &&
+        std::equal(bitmap.begin(), bitmap.end(), bytes)) {
+      return index;
+    }
+  }
+  SoMarkerSet::addMarker(count, SbVec2s(symbolSize, symbolSize), bitmap.data(), FALSE, FALSE);
+  return count;
 }
 
 }  // namespace
@@ -92,11 +110,11 @@ DisplayBitmaps::DisplayBitmaps()
       point(SoMarkerSet::PLUS_9_9) {}
 
 void DisplayBitmaps::registerMarkers() {
-  controlPoint = addMarker(controlPointPicture);
-  secondState = addMarker(secondStatePicture);
-  codedTarget = addMarker(codedTargetPicture);
-  subPixel = addMarker(subPixelPicture);
-  point = addMarker(pointPicture);
+  controlPoint = markerOf(controlPointPicture);
+  secondState = markerOf(secondStatePicture);
+  codedTarget = markerOf(codedTargetPicture);
+  subPixel = markerOf(subPixelPicture);
+  point = markerOf(pointPicture);
 }
 
 }  // namespace tarn

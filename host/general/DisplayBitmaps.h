@@ -18,9 +18,9 @@ public:
   /// Every symbol starts as the nearest of Coin's own markers.
   DisplayBitmaps();
 
-  /// Enters the symbols' bitmaps into Coin's marker table and sets the members to
-  /// their indices. Coin's data base must be initialised (SoDB::init); after
-  /// SoDB::finish and a new SoDB::init it has to be called again.
+  /// Enters the symbols' bitmaps into Coin's marker table, where they are not in it yet,
+  /// and sets the members to their indices. Coin's data base must be initialised
+  /// (SoDB::init); after SoDB::finish and a new SoDB::init it has to be called again.
   void registerMarkers();
 };
 

@@ -21,9 +21,10 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-// Numbers are written with a point whatever the program's locale is.
+// Not strtod: that reads "0.5" as 0 where the locale's decimal sign is a comma.
 template <typename Number>
 std::optional<Number> numberOf(std::string_view text) {
+  if (text.size() > 1 && text.front() == '+' && text[1] != '-') text.remove_prefix(1);
   Number number{};
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
@@ -40,19 +41,24 @@ std::optional<int> truthOf(std::string_view text) {
 }
 
 std::optional<Colour> colourOf(std::string_view text) {
-  if (text.size() != 9) return std::nullopt;
-  std::array<std::uint8_t, 3> bytes{};
-  for (std::size_t i = 0; i < 3; ++i) {
-    const auto component = numberOf<unsigned>(text.substr(3 * i, 3));
-    if (!component || *component > 255) return std::nullopt;
-    bytes[i] = static_cast<std::uint8_t>(*component);
+  if (text.size() > 9 || text.find_first_not_of("0123456789") != std::string_view::npos) {
+    return std::nullopt;
   }
-  return Colour(bytes[0], bytes[1], bytes[2]);
+  const auto digits = numberOf<unsigned>(text);
+  if (!digits) return std::nullopt;
+  const unsigned red = *digits / 1'000'000U;
+  const unsigned green = *digits / 1'000U % 1'000U;
+  const unsigned blue = *digits % 1'000U;
+  if (red > 255U || green > 255U || blue > 255U) return std::nullopt;
+  return Colour(static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
+                static_cast<std::uint8_t>(blue));
 }
 
 // Keys whose numbers make sense in a range only. A resample factor of 0 would
-// divide by zero, a negative sphere size would turn a sphere inside out.
+// divide by zero, a negative sphere size would turn a sphere inside out. An empty key
+// stands for all keys of the section, an empty section for any.
 struct Range {
+  std::string_view section;
   std::string_view key;
   double least;
   double most;
@@ -60,16 +66,21 @@ struct Range {
 };
 constexpr double unlimited = std::numeric_limits<double>::max();
 constexpr std::array ranges = {
-    Range{"CamStnImageResampleFactor", 1.0, 1000.0, "a number from 1 to 1000"},
-    Range{"ExagerationSphereSize", 0.0, unlimited, "a number of 0 or more"},
+    Range{"", "CamStnImageResampleFactor", 1.0, 1000.0, "a number from 1 to 1000"},
+    Range{"", "ExagerationSphereSize", 0.0, unlimited, "a number of 0 or more"},
+    Range{"CSSymbol", "", 0.0, 1.0, "a number from 0 to 1"},
 };
 
-const char* expectedUnlessInRange(std::string_view key, double number) {
+const char* expectedUnlessInRange(std::string_view section, std::string_view key, double number) {
   for (const Range& range : ranges) {
-    if (range.key == key && !(number >= range.least && number <= range.most)) return range.expected;
+    if (!range.section.empty() && range.section != section) continue;
+    if (!range.key.empty() && range.key != key) continue;
+    if (!(number >= range.least && number <= range.most)) return range.expected;
   }
   return nullptr;
 }
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 Preferences defaultStore;
 
@@ -120,19 +131,24 @@ int Preferences::GetBoolPreference(const char* key, int defaultValue, const char
 }
 
 void Preferences::Set(const char* key, std::string_view value, const char* section) {
+  if (!key) return;
   store(section ? section : "", key, Value{std::string(trimmed(value)), {}, 0});
 }
 
 int Preferences::Read(const char* fileName) {
+  if (!fileName) return 0;
   std::ifstream file(fileName);
-  if (!file) {
+  // A folder can be opened, but not read.
+  if (!file || (file.peek() == std::ifstream::traits_type::eof() && file.bad())) {
     warning("%s: the preference file cannot be read", fileName);
     return 0;
   }
   std::string section;
   std::string text;
   for (int line = 1; std::getline(file, text); ++line) {
-    const std::string_view content = trimmed(text);
+    std::string_view content = text;
+    if (line == 1 && content.starts_with(byteOrderMark)) content.remove_prefix(3);
+    content = trimmed(content);
     if (content.empty() || content.front() == ';' || content.front() == '#') continue;
     if (content.front() == '[' && content.back() == ']' && content.size() > 2) {
       section = trimmed(content.substr(1, content.size() - 2));
@@ -147,11 +163,17 @@ int Preferences::Read(const char* fileName) {
     store(section, trimmed(content.substr(0, equals)),
           Value{std::string(trimmed(content.substr(equals + 1))), fileName, line});
   }
+  if (file.bad()) {
+    warning("%s: the preference file could not be read to its end", fileName);
+    return 0;
+  }
   return 1;
 }
 
 const Preferences::Value* Preferences::find(const char* key, const char* section) const {
-  const auto found = _values.find({section ? section : "", key});
+  if (!key) return nullptr;
+  const auto found =
+      _values.find(std::pair<std::string_view, std::string_view>(key, section ? section : ""));
   return found == _values.end() ? nullptr : &found->second;
 }
 
@@ -171,12 +193,18 @@ void Preferences::sayRefused(const char* key, const Value& value, const char* ex
 
 void Preferences::store(std::string_view section, std::string_view key, Value value) {
   const auto number = numberOf<double>(value.text);
-  const char* expected = number ? expectedUnlessInRange(key, *number) : nullptr;
+  const char* expected = number ? expectedUnlessInRange(section, key, *number) : nullptr;
+  std::pair<std::string, std::string> place(key, section);
   if (expected) {
-    sayRefused(std::string(key).c_str(), value, expected);
+    sayRefused(place.first.c_str(), value, expected);
+    // The default is used, as the warning says, not a value that was there before.
+    if (const auto earlier = _values.find(place); earlier != _values.end()) {
+      _refused.erase(&earlier->second);
+      _values.erase(earlier);
+    }
     return;
   }
-  Value& stored = _values[{std::string(section), std::string(key)}];
+  Value& stored = _values[std::move(place)];
   stored = std::move(value);
   _refused.erase(&stored);
 }

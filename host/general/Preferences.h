@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VString.h"
@@ -17,7 +18,13 @@ namespace tarn {
 ///
 /// A value that cannot be used (text where a number is expected, a number outside
 /// the range that makes sense for its key) is refused with a warning that names
-/// the file and the line, and the default given in the call is used instead.
+/// the file and the line, once, and the default given in the call is used instead.
+/// Numbers are written with a point, whatever the program's locale is.
+///
+///   Preferences preferences;
+///   preferences.Read("tarnview.ini");
+///   preferences.Set("UseNewSymbol", "0", "TarnOICamera");
+///   gPref = &preferences;
 class TARN_HOST_EXPORT Preferences {
 public:
   virtual ~Preferences();
@@ -25,7 +32,8 @@ public:
   virtual int GetPreference(const char* key, int defaultValue, const char* section = nullptr) const;
   virtual double GetPreference(const char* key, double defaultValue,
                                const char* section = nullptr) const;
-  /// Colours are stored as nine decimal digits RRRGGGBBB, each component 0 to 255.
+  /// Colours are stored as nine decimal digits RRRGGGBBB, each component 0 to 255;
+  /// zeros at the front may be missing, as in 44043043.
   virtual Colour GetPreference(const char* key, const Colour& defaultValue,
                                const char* section = nullptr) const;
   virtual VString GetPreference(const char* key, const char* defaultValue,
@@ -37,9 +45,10 @@ public:
   /// Sets one value as its text in the file would be.
   void Set(const char* key, std::string_view value, const char* section = nullptr);
 
-  /// Reads an INI file over the values already there: "[section]", "key = value",
-  /// comments after ';' or '#' at a line's start. A line of another form is refused
-  /// with a warning that names file and line, and skipped.
+  /// Reads an INI file in UTF-8 over the values already there: "[section]", "key = value",
+  /// comments after ';' or '#' at a line's start. Of a key that comes twice the later
+  /// value holds. A line of another form is refused with a warning that names file and
+  /// line, and skipped.
   /// @return non-zero when the file could be read; 0, with a warning, when not.
   int Read(const char* fileName);
 
@@ -54,7 +63,16 @@ private:
   static void sayRefused(const char* key, const Value& value, const char* expected);
   void store(std::string_view section, std::string_view key, Value value);
 
-  std::map<std::pair<std::string, std::string>, Value> _values;
+  // Nodes ask a hundred thousand times: a question must not cost two strings.
+  struct ByKeyThenSection {
+    using is_transparent = void;
+    template <typename A, typename B>
+    bool operator()(const A& a, const B& b) const {
+      const int order = std::string_view(a.first).compare(std::string_view(b.first));
+      return order ? order < 0 : std::string_view(a.second) < std::string_view(b.second);
+    }
+  };
+  std::map<std::pair<std::string, std::string>, Value, ByKeyThenSection> _values;
   mutable std::set<const Value*> _refused;  // each value is refused once, however often it is read
 };
 

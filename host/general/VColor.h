@@ -27,8 +27,8 @@ private:
 /// The colour of a preference's colour index: 0 to 15 name the sixteen colours of
 /// the standard palette (0 black, 1 dark red, 2 dark green, 3 dark yellow, 4 dark
 /// blue, 5 dark magenta, 6 dark cyan, 7 light grey, 8 dark grey, 9 red, 10 green,
-/// 11 yellow, 12 blue, 13 magenta, 14 cyan, 15 white); a larger value is a packed
-/// colour as it stands.
+/// 11 yellow, 12 blue, 13 magenta, 14 cyan, 15 white); the decimal digits of a larger
+/// value are RRRGGGBBB, a component above 255 counting as 255.
 TARN_HOST_EXPORT VColor fIniToVColor(unsigned int value);
 
 }  // namespace tarn

@@ -34,6 +34,11 @@ int AffineStation::ConvertStation(const CameraStation* station, CameraStation** 
     turned(row, 3) = direction.z / length;
   }
   result->SetOrientation(position, turned);
+  Point3DDouble satellite;
+  if (station->GetGPSPosition(satellite)) {
+    _affine->ConvertPoint(satellite);
+    result->SetGPSPosition(satellite);
+  }
   result->SetOriented(station->IsOriented());
   *converted = result.release();
   return 1;

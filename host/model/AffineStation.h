@@ -13,9 +13,9 @@ public:
   /// The affine must outlive this object and be set up.
   explicit AffineStation(const BasicAffine* affine) : _affine(affine) {}
 
-  /// Makes a station with the same camera and photograph at the converted place,
+  /// Makes a station with the same camera, photograph and name at the converted place,
   /// turned along; the caller owns it. Returns 0, and makes none, when there is no
-  /// station or no affine.
+  /// station or no affine, or when a direction of the station has no length.
   int ConvertStation(const CameraStation* station, CameraStation** converted) const;
 
 private:

@@ -29,7 +29,8 @@ int BasicAffine::GetTranslation(Point3DDouble& before, Point3DDouble& after) con
 
 int BasicAffine::GetRotation(MatrixDouble** rotation) {
   if (!HasRotation()) return 0;
-  *rotation = &_rotation;
+  _handedOut = _rotation;
+  *rotation = &_handedOut;
   return 1;
 }
 
@@ -47,22 +48,23 @@ void BasicAffine::SetTranslation(const Point3DDouble& before, const Point3DDoubl
 void BasicAffine::SetRotation(const MatrixDouble& rotation) {
   _hasRotation = 1;
   _rotation = rotation;
+  _inverse = rotation;
+  if (rotation.rows() != 3 || !_inverse.invert()) _inverse = MatrixDouble();
 }
 
 int BasicAffine::SetupAffine() {
   if (!std::isfinite(_scale) || _scale <= 0.0) return 0;
-  if (_rotation.rows() != 3 || _rotation.columns() != 3) return 0;
-  return MatrixDouble(_rotation).invert();
+  if (!std::isfinite(_before.length()) || !std::isfinite(_after.length())) return 0;
+  return _inverse.rows() == 3;
 }
 
 void BasicAffine::ConvertPoint(Point3DDouble& point) const {
-  if (!IsInverted()) {
+  if (_inverse.rows() != 3) return;
+  if (IsInverted()) {
+    point = (1.0 / _scale) * (rowTimes(point - _after, _inverse) - _before);
+  } else {
     point = rowTimes(_scale * point + _before, _rotation) + _after;
-    return;
   }
-  MatrixDouble back = _rotation;
-  if (!back.invert()) return;
-  point = (1.0 / _scale) * (rowTimes(point - _after, back) - _before);
 }
 
 }  // namespace tarn

@@ -20,8 +20,8 @@ public:
   /// Each returns non-zero when the part could be given.
   virtual int GetScale(double& scale) const;
   virtual int GetTranslation(Point3DDouble& before, Point3DDouble& after) const;
-  /// Hands out the affine's own 3x3 matrix, which stays the affine's: whoever
-  /// changes it changes the affine.
+  /// Hands out a 3x3 matrix that belongs to the affine and holds the rotation until
+  /// the next call. Callers invert it in place; the affine itself does not change.
   virtual int GetRotation(MatrixDouble** rotation);
 
   void SetScale(double scale);
@@ -29,8 +29,8 @@ public:
   void SetRotation(const MatrixDouble& rotation);
 
   /// Prepares the affine for ConvertPoint. Returns 0 when it cannot be used: a
-  /// scale that is not positive and finite, or a rotation that is not 3x3 and
-  /// invertible.
+  /// scale that is not positive and finite, a translation that is not finite, or a
+  /// rotation that is not 3x3 and invertible.
   virtual int SetupAffine();
 
   /// Non-zero while ConvertPoint converts source from target.
@@ -38,7 +38,8 @@ public:
   /// Chooses the direction of ConvertPoint: non-zero for source from target.
   virtual void DoInversion(int inverted) { _inverted = inverted; }
 
-  /// Converts the point in place, in the chosen direction.
+  /// Converts the point in place, in the chosen direction. The affine must be one that
+  /// SetupAffine accepts; by any other the point stays as it is.
   virtual void ConvertPoint(Point3DDouble& point) const;
 
   VClass* iam() const override { return &BasicAffineCls; }
@@ -52,6 +53,8 @@ private:
   Point3DDouble _before;
   Point3DDouble _after;
   MatrixDouble _rotation = MatrixDouble::Identity(3);
+  MatrixDouble _inverse = MatrixDouble::Identity(3);  // of _rotation; empty where there is none
+  MatrixDouble _handedOut;
 };
 
 }  // namespace tarn

@@ -5,13 +5,17 @@
 
 namespace tarn {
 
-Extents::Extents(const Point3DDouble& minimum, const Point3DDouble& maximum)
-    : _empty(0), _minimum(minimum), _maximum(maximum) {}
+Extents::Extents(const Point3DDouble& first, const Point3DDouble& second) {
+  Add(first);
+  Add(second);
+}
 
 void Extents::Add(const Point3DDouble& point) {
   if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) return;
   if (_empty) {
-    *this = Extents(point, point);
+    _empty = 0;
+    _minimum = point;
+    _maximum = point;
     return;
   }
   _minimum = {std::min(_minimum.x, point.x), std::min(_minimum.y, point.y),

@@ -9,7 +9,8 @@ namespace tarn {
 class TARN_HOST_EXPORT Extents {
 public:
   Extents() = default;
-  Extents(const Point3DDouble& minimum, const Point3DDouble& maximum);
+  /// The box that holds both points.
+  Extents(const Point3DDouble& first, const Point3DDouble& second);
 
   /// Grows the box to hold the point. A point with a non-finite coordinate is ignored.
   void Add(const Point3DDouble& point);

@@ -11,7 +11,7 @@ int MarkedPoint::GetResidual(Point2DDouble& residual) const {
 }
 
 void MarkedPoint::SetResidual(const Point2DDouble& residual) {
-  _hasResidual = 1;
+  _hasResidual = true;
   _residual = residual;
 }
 

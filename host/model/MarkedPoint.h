@@ -16,7 +16,7 @@ class TARN_HOST_EXPORT MarkedPoint : public VObject {
 public:
   MarkedPoint() = default;
   MarkedPoint(Photograph* photograph, const Point2DDouble& position, int subPixel = 0)
-      : _photograph(photograph), _position(position), _subPixel(subPixel) {}
+      : _photograph(photograph), _position(position), _subPixel(subPixel != 0) {}
 
   virtual Photograph* GetPhotograph() const { return _photograph; }
   /// The object point that the mark belongs to; null for a mark not yet referenced.
@@ -30,7 +30,7 @@ public:
 
   void SetObjectPoint(ObjectPoint* point) { _objectPoint = point; }
   void SetResidual(const Point2DDouble& residual);
-  void SetSubPixel(int subPixel) { _subPixel = subPixel; }
+  void SetSubPixel(int subPixel) { _subPixel = subPixel != 0; }
 
   VClass* iam() const override { return &MarkedPointCls; }
 
@@ -39,8 +39,8 @@ private:
   ObjectPoint* _objectPoint = nullptr;
   Point2DDouble _position;
   Point2DDouble _residual;
-  int _hasResidual = 0;
-  int _subPixel = 0;
+  bool _hasResidual = false;
+  bool _subPixel = false;
 };
 
 }  // namespace tarn

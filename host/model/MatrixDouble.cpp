@@ -2,6 +2,8 @@
 
 #include <Eigen/LU>
 
+#include <algorithm>
+
 namespace tarn {
 
 namespace {
@@ -9,9 +11,9 @@ using RowMajor = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::Ro
 }
 
 MatrixDouble::MatrixDouble(int rows, int columns)
-    : _rows(rows),
-      _columns(columns),
-      _elements(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), 0.0) {}
+    : _rows(std::max(rows, 0)),
+      _columns(std::max(columns, 0)),
+      _elements(static_cast<std::size_t>(_rows) * static_cast<std::size_t>(_columns), 0.0) {}
 
 MatrixDouble MatrixDouble::Identity(int size) {
   MatrixDouble result(size, size);
@@ -25,7 +27,9 @@ int MatrixDouble::invert() {
   if (!elements.allFinite()) return 0;
   const Eigen::FullPivLU<RowMajor> decomposition(elements);
   if (!decomposition.isInvertible()) return 0;
-  elements = decomposition.inverse().eval();
+  const RowMajor inverse = decomposition.inverse();
+  if (!inverse.allFinite()) return 0;
+  elements = inverse;
   return 1;
 }
 
@@ -38,6 +42,7 @@ MatrixDouble MatrixDouble::transposed() const {
 }
 
 MatrixDouble operator*(const MatrixDouble& a, const MatrixDouble& b) {
+  if (a.columns() != b.rows()) return {};
   MatrixDouble result(a.rows(), b.columns());
   for (int row = 1; row <= a.rows(); ++row) {
     for (int column = 1; column <= b.columns(); ++column) {

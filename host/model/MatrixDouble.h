@@ -11,7 +11,7 @@ namespace tarn {
 class TARN_HOST_EXPORT MatrixDouble {
 public:
   MatrixDouble() = default;
-  /// A matrix of zeros.
+  /// A matrix of zeros; a negative size counts as 0.
   MatrixDouble(int rows, int columns);
 
   static MatrixDouble Identity(int size);
@@ -24,11 +24,12 @@ public:
   double operator()(int row, int column) const { return _elements[at(row, column)]; }
 
   /// Replaces the matrix by its inverse. Returns 0, and leaves it as it was, when it
-  /// is not square or not invertible; non-zero otherwise.
+  /// is empty, not square, not finite or not invertible; non-zero otherwise.
   int invert();
 
   MatrixDouble transposed() const;
 
+  /// The product; an empty matrix when `a` has not as many columns as `b` has rows.
   friend TARN_HOST_EXPORT MatrixDouble operator*(const MatrixDouble& a, const MatrixDouble& b);
   friend bool operator==(const MatrixDouble&, const MatrixDouble&) = default;
 

@@ -7,8 +7,6 @@
 namespace tarn {
 
 VClass ObjectPointCls("ObjectPoint", &ThreeDPointCls, []() -> VObject* { return new ObjectPoint; });
-VClass SurfacePointCls("SurfacePoint", &ObjectPointCls,
-                       []() -> VObject* { return new SurfacePoint; });
 
 int ObjectPoint::GetTargetCode(int& code, int& ring) const {
   if (!_codedTarget) return 0;
@@ -39,11 +37,12 @@ void ObjectPoint::SetTargetCode(int code, int ring) {
 }
 
 void ObjectPoint::SetControlPoint(int control, int active) {
-  _control = control;
-  _controlActive = active;
+  _control = control != 0;
+  _controlActive = active != 0;
 }
 
 void ObjectPoint::AddMarkedPoint(MarkedPoint* mark) {
+  if (!mark) return;
   _marks.push_back(mark);
   mark->SetObjectPoint(this);
 }

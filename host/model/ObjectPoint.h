@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -15,19 +16,22 @@ class ImportedPoint;
 class MarkedPoint;
 
 extern TARN_HOST_EXPORT VClass ObjectPointCls;
-/// Points of a surface, which carry no error ellipsoid of their own.
-extern TARN_HOST_EXPORT VClass SurfacePointCls;
 
 /// What AllMarksAreSubPixel tells about the marks, for hosts that keep it.
 struct SubPixelInfo;
 
 /// An object point: a point of the object, marked on photographs and computed from
 /// its rays.
+///
+///   ObjectPoint& point = project.AddObjectPoint();
+///   point.SetNumber(12);
+///   point.SetApproximation(Point3DRandom({1.0, 2.0, 3.0}));
+///   point.AddMarkedPoint(&photograph.AddMarkedPoint({812.25, 431.5}));
 class TARN_HOST_EXPORT ObjectPoint : public ThreeDPoint {
 public:
   virtual long GetNumber() const { return _number; }
   /// The name that the user gave; null when there is none.
-  virtual const VString* GetUserName() const { return _userName ? &*_userName : nullptr; }
+  virtual const VString* GetUserName() const { return _userName.get(); }
   /// Non-zero for a coded target, with its code and the ring of targets it is of.
   virtual int GetTargetCode(int& code, int& ring) const;
   /// Non-zero when there are marks and all were measured to a fraction of a pixel.
@@ -51,39 +55,36 @@ public:
   const std::vector<MarkedPoint*>& GetMarkedPoints() const { return _marks; }
 
   void SetNumber(long number) { _number = number; }
-  void SetUserName(const VString& name) { _userName = name; }
+  void SetUserName(const VString& name) { _userName = std::make_unique<VString>(name); }
   void SetTargetCode(int code, int ring);
   void SetRGBTextureColor(const Colour& colour) { _colour = colour; }
-  void SetFrozen(int frozen) { _frozen = frozen; }
+  void SetFrozen(int frozen) { _frozen = frozen != 0; }
   void SetControlPoint(int control, int active = 1);
   void SetLinkedImportedPoint(ImportedPoint* point) { _linkedPoint = point; }
-  void SetTState(int state) { _tState = state; }
-  void SetSecondState(int state) { _secondState = state; }
-  /// Adds a mark and ties it to this point.
+  void SetTState(int state) { _tState = state != 0; }
+  void SetSecondState(int state) { _secondState = state != 0; }
+  /// Adds a mark and ties it to this point; a null mark is ignored. The mark must not
+  /// belong to another point.
   void AddMarkedPoint(MarkedPoint* mark);
 
   VClass* iam() const override { return &ObjectPointCls; }
 
 private:
-  long _number = 0;
-  std::optional<VString> _userName;
+  // Points come by the hundred thousand: small members first, so that they fill the
+  // padding after the base's; the rare user name is kept apart.
   std::optional<Colour> _colour;
-  int _targetCode = 0;
-  int _targetRing = 0;
   bool _codedTarget = false;
   bool _frozen = false;
   bool _control = false;
   bool _controlActive = false;
   bool _tState = false;
   bool _secondState = false;
+  int _targetCode = 0;
+  int _targetRing = 0;
+  long _number = 0;
+  std::unique_ptr<VString> _userName;
   ImportedPoint* _linkedPoint = nullptr;
   std::vector<MarkedPoint*> _marks;
-};
-
-/// An object point that belongs to a surface.
-class TARN_HOST_EXPORT SurfacePoint : public ObjectPoint {
-public:
-  VClass* iam() const override { return &SurfacePointCls; }
 };
 
 }  // namespace tarn

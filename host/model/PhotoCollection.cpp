@@ -6,8 +6,9 @@ VClass PhotoCollectionCls("PhotoCollection", &VObjectCls,
                           []() -> VObject* { return new PhotoCollection; });
 
 Photograph* PhotoCollection::GetPhotograph(int number) const {
-  for (int i = 0; i < _all.size(); ++i) {
-    auto* photograph = static_cast<Photograph*>(_all.at(i));
+  const VOrdCollect& all = GetPhotographs();
+  for (int i = 0; i < all.size(); ++i) {
+    auto* photograph = static_cast<Photograph*>(all.at(i));
     if (photograph->GetNumber() == number) return photograph;
   }
   return nullptr;

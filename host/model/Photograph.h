@@ -28,8 +28,9 @@ public:
   virtual CameraStation* GetCameraStation() const { return _station; }
 
   /// The marked points in the order of marking; the collection stays the
-  /// photograph's. `selection` 0 gives all, 1 those of object points only;
-  /// `referencedOnly` is kept for hosts that tell apart marks of other kinds.
+  /// photograph's and, where it is a selection, holds until the next call.
+  /// `selection` 0 gives all, any other those of object points only;
+  /// `referencedOnly` is for hosts that tell apart marks of other kinds.
   virtual const VOrdCollect& GetAllMarkedPoints(int selection, int referencedOnly) const;
 
   void SetNumber(int number) { _number = number; }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <Eigen/Eigenvalues>
+#include <Eigen/Dense>
 
 #include "host/model/MatrixDouble.h"
 #include "host/model/VectorDouble.h"
@@ -22,7 +22,7 @@ Point3DRandom::Point3DRandom(const Point3DDouble& position, double xx, double yy
       _yz(yz) {}
 
 int Point3DRandom::EigenVectorValues(MatrixDouble& vectors, VectorDouble& values) const {
-  if (_x.varianceUnknown || _y.varianceUnknown || _z.varianceUnknown) return 0;
+  if (!VariancesAreKnown()) return 0;
   Eigen::Matrix3d covariance;
   covariance << _x.variance, _xy, _xz, _xy, _y.variance, _yz, _xz, _yz, _z.variance;
   if (!covariance.allFinite()) return 0;
@@ -30,11 +30,13 @@ int Point3DRandom::EigenVectorValues(MatrixDouble& vectors, VectorDouble& values
   if (solver.info() != Eigen::Success) return 0;
   const double rounding = 1e-12 * std::max(solver.eigenvalues()(2), 0.0);
   if (solver.eigenvalues()(0) < -rounding) return 0;
+  Eigen::Matrix3d axes = solver.eigenvectors();
+  if (axes.determinant() < 0.0) axes.col(2) = -axes.col(2);
   vectors = MatrixDouble(3, 3);
   values = VectorDouble(3);
   for (int i = 1; i <= 3; ++i) {
     values(i) = std::max(solver.eigenvalues()(i - 1), 0.0);
-    for (int row = 1; row <= 3; ++row) vectors(row, i) = solver.eigenvectors()(row - 1, i - 1);
+    for (int row = 1; row <= 3; ++row) vectors(row, i) = axes(row - 1, i - 1);
   }
   return 1;
 }

@@ -24,12 +24,18 @@ public:
   const RandomVariable& Z() const { return _z; }
   Point3DDouble position() const { return {_x.value, _y.value, _z.value}; }
 
+  /// Non-zero when all three variances are known; a point is made with all or none.
+  int VariancesAreKnown() const {
+    return !_x.varianceUnknown && !_y.varianceUnknown && !_z.varianceUnknown;
+  }
+
   double covarianceXY() const { return _xy; }
   double covarianceXZ() const { return _xz; }
   double covarianceYZ() const { return _yz; }
 
   /// The principal axes of the covariance: `vectors` becomes 3x3 with the unit
-  /// eigenvectors as columns, `values` the three eigenvalues in ascending order.
+  /// eigenvectors as columns, which form a right-handed system (a rotation, no
+  /// reflection), `values` the three eigenvalues in ascending order.
   /// Returns 0 when a variance is unknown or the covariance is no covariance (not
   /// finite, or with an eigenvalue below zero by more than rounding).
   int EigenVectorValues(MatrixDouble& vectors, VectorDouble& values) const;

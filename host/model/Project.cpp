@@ -27,16 +27,18 @@ ObjectPoint& Project::AddObjectPoint() { return added(_objectPoints, _allObjectP
 ImportedPoint& Project::AddImportedPoint() { return added(_importedPoints, _allImportedPoints); }
 
 ObjectPoint* Project::FindObjectPoint(long number) const {
-  for (int i = 0; i < _allObjectPoints.size(); ++i) {
-    auto* point = static_cast<ObjectPoint*>(_allObjectPoints.at(i));
+  const VOrdCollect& points = GetObjectPoints();
+  for (int i = 0; i < points.size(); ++i) {
+    auto* point = static_cast<ObjectPoint*>(points.at(i));
     if (point->GetNumber() == number) return point;
   }
   return nullptr;
 }
 
 CameraStation* Project::FindCameraStation(std::string_view name) const {
-  for (int i = 0; i < _allStations.size(); ++i) {
-    auto* station = static_cast<CameraStation*>(_allStations.at(i));
+  const VOrdCollect& stations = GetCameraStations();
+  for (int i = 0; i < stations.size(); ++i) {
+    auto* station = static_cast<CameraStation*>(stations.at(i));
     if (station->GetName().str() == name) return station;
   }
   return nullptr;
@@ -51,19 +53,26 @@ void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withS
     if (usable) usable->ConvertPoint(point);
     extents.Add(point);
   };
-  for (const ObjectPoint& point : _objectPoints) {
-    Point3DRandom position;
-    if (point.HasUsablePosition(processedOnly) && point.GetApproximation(position)) {
+  // By way of the virtual collections: a project that answers from its own model need
+  // not answer this too.
+  Point3DRandom position;
+  const VOrdCollect& objectPoints = GetObjectPoints();
+  for (int i = 0; i < objectPoints.size(); ++i) {
+    const auto* point = static_cast<const ObjectPoint*>(objectPoints.at(i));
+    if (point->HasUsablePosition(processedOnly) && point->GetApproximation(position)) {
       add(position.position());
     }
   }
-  for (const ImportedPoint& point : _importedPoints) {
-    Point3DRandom position;
-    if (point.GetApproximation(position)) add(position.position());
+  const VOrdCollect& importedPoints = GetImportedPoints();
+  for (int i = 0; i < importedPoints.size(); ++i) {
+    const auto* point = static_cast<const ImportedPoint*>(importedPoints.at(i));
+    if (point->GetApproximation(position)) add(position.position());
   }
   if (!withStations) return;
-  for (const CameraStation& station : _stations) {
-    if (station.IsOriented()) add(station.GetPosition());
+  const VOrdCollect& stations = GetCameraStations();
+  for (int i = 0; i < stations.size(); ++i) {
+    const auto* station = static_cast<const CameraStation*>(stations.at(i));
+    if (station->IsOriented()) add(station->GetPosition());
   }
 }
 

@@ -46,17 +46,19 @@ public:
   CameraStation* FindCameraStation(std::string_view name) const;
 
   /// The transform that brings the project into its own coordinate system; null
-  /// when it is there already. `active` non-zero leaves out one that is switched off.
+  /// when it is there already. `active` is for hosts in which it can be switched off:
+  /// non-zero asks for it only while it is on.
   virtual BasicAffine* GetAffineTransform(int active) const;
   /// Sets the project's transform; not owned, null for none.
   void SetAffineTransform(BasicAffine* affine) { _affine = affine; }
 
-  /// The box around everything that has a position, each point brought through
-  /// `affine` (which may be null) first. `withStations` non-zero counts oriented
-  /// camera stations, `processedOnly` non-zero leaves out object points that the
-  /// adjustment did not compute.
+  /// Grows `extents` to hold everything that has a position, each point brought through
+  /// `affine` first, in its direction of conversion (null, or one that cannot be set up:
+  /// as it is). `withStations` non-zero counts oriented camera stations, `processedOnly`
+  /// non-zero leaves out object points that the adjustment did not compute.
   virtual void GetProjectExtents(Extents& extents, BasicAffine* affine, int withStations,
                                  int processedOnly) const;
+  /// The same box by itself; empty when nothing has a position.
   Extents GetProjectExtents(BasicAffine* affine, int withStations, int processedOnly) const;
 
   VClass* iam() const override { return &ProjectCls; }

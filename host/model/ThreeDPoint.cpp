@@ -6,13 +6,21 @@ VClass ThreeDPointCls("ThreeDPoint", &VObjectCls, []() -> VObject* { return new 
 
 int ThreeDPoint::GetApproximation(Point3DRandom& position) const {
   if (!_hasPosition) return 0;
-  position = _position;
+  position = _variancesKnown ? Point3DRandom(_position, _xx, _yy, _zz, _xy, _xz, _yz)
+                             : Point3DRandom(_position);
   return 1;
 }
 
 void ThreeDPoint::SetApproximation(const Point3DRandom& position) {
-  _position = position;
-  _hasPosition = 1;
+  _position = position.position();
+  _hasPosition = true;
+  _variancesKnown = position.VariancesAreKnown() != 0;
+  _xx = position.X().variance;
+  _yy = position.Y().variance;
+  _zz = position.Z().variance;
+  _xy = position.covarianceXY();
+  _xz = position.covarianceXZ();
+  _yz = position.covarianceYZ();
 }
 
 }  // namespace tarn

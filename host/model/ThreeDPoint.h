@@ -17,14 +17,22 @@ public:
   virtual int IsProcessed() const { return _processed; }
 
   void SetApproximation(const Point3DRandom& position);
-  void SetProcessed(int processed) { _processed = processed; }
+  void SetProcessed(int processed) { _processed = processed != 0; }
 
   VClass* iam() const override { return &ThreeDPointCls; }
 
 private:
-  Point3DRandom _position;
-  int _hasPosition = 0;
-  int _processed = 0;
+  // A Point3DRandom taken apart: 24 bytes less a point. Variances are known together.
+  Point3DDouble _position;
+  double _xx = 0.0;
+  double _yy = 0.0;
+  double _zz = 0.0;
+  double _xy = 0.0;
+  double _xz = 0.0;
+  double _yz = 0.0;
+  bool _hasPosition = false;
+  bool _variancesKnown = false;
+  bool _processed = false;
 };
 
 }  // namespace tarn

@@ -1,0 +1,8 @@
+#include "host/model/SurfacePoint.h"
+
+namespace tarn {
+
+VClass SurfacePointCls("SurfacePoint", &ObjectPointCls,
+                       []() -> VObject* { return new SurfacePoint; });
+
+}  // namespace tarn
