@@ -16,7 +16,9 @@ VPathString VPathString::directoryOf() const {
   return folder.empty() ? VPathString(".") : VPathString(folder.native());
 }
 
-VString VPathString::prefixOf() const { return VString(std::filesystem::path(_text).stem().native()); }
+VString VPathString::prefixOf() const {
+  return VString(std::filesystem::path(_text).stem().native());
+}
 
 void VPathString::textChanged() {
   constexpr char separator = std::filesystem::path::preferred_separator;

@@ -11,7 +11,7 @@ extern TARN_HOST_EXPORT VClass VPathStringCls;
 class TARN_HOST_EXPORT VPathString : public VString {
 public:
   VPathString() = default;
-  VPathString(const char* text);  // NOLINT(google-explicit-constructor)
+  VPathString(const char* text);       // NOLINT(google-explicit-constructor)
   VPathString(std::string_view text);  // NOLINT(google-explicit-constructor)
 
   /// The folder that holds the file, without a separator at its end: "." for a

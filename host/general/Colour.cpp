@@ -31,9 +31,9 @@ void Colour::SetAsHSL(double hue, double saturation, double lightness) {
   const double l = limited(lightness);
   const double high = l <= 0.5 ? l * (1.0 + s) : l + s - l * s;
   const double low = 2.0 * l - high;
-  *this = Colour(byteOf(component(low, high, wrapped(h + 1.0 / 3.0))),
-                 byteOf(component(low, high, h)),
-                 byteOf(component(low, high, wrapped(h - 1.0 / 3.0))));
+  *this =
+      Colour(byteOf(component(low, high, wrapped(h + 1.0 / 3.0))), byteOf(component(low, high, h)),
+             byteOf(component(low, high, wrapped(h - 1.0 / 3.0))));
 }
 
 }  // namespace tarn

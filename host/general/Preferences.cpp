@@ -1,5 +1,7 @@
 #include "host/general/Preferences.h"
 
+#include "host/general/warning.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -7,8 +9,6 @@
 #include <fstream>
 #include <limits>
 #include <optional>
-
-#include "host/general/warning.h"
 
 namespace tarn {
 
@@ -33,8 +33,9 @@ std::optional<Number> numberOf(std::string_view text) {
 
 std::optional<int> truthOf(std::string_view text) {
   std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
   if (lower == "1" || lower == "true" || lower == "yes" || lower == "on") return 1;
   if (lower == "0" || lower == "false" || lower == "no" || lower == "off") return 0;
   return std::nullopt;

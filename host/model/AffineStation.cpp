@@ -1,9 +1,9 @@
 #include "host/model/AffineStation.h"
 
-#include <memory>
-
 #include "host/model/BasicAffine.h"
 #include "host/model/CameraStation.h"
+
+#include <memory>
 
 namespace tarn {
 

@@ -59,7 +59,8 @@ Number radialFactor(LensDistortion::Kind kind, const LensDistortion::Parameters&
                     const Number& r2) {
   switch (kind) {
     case LensDistortion::eRadial:
-    case LensDistortion::eOpenCV: return 1.0 + r2 * (k[0] + r2 * k[1]);
+    case LensDistortion::eOpenCV:
+      return 1.0 + r2 * (k[0] + r2 * k[1]);
     case LensDistortion::eFullOpenCV:
       return (1.0 + r2 * (k[0] + r2 * (k[1] + r2 * k[4]))) /
              (1.0 + r2 * (k[5] + r2 * (k[6] + r2 * k[7])));
@@ -68,9 +69,9 @@ Number radialFactor(LensDistortion::Kind kind, const LensDistortion::Parameters&
     case LensDistortion::eThinPrismFisheye:
       return 1.0 + r2 * (k[0] + r2 * (k[1] + r2 * (k[4] + r2 * k[5])));
     case LensDistortion::eRadTanThinPrismFisheye:
-      return 1.0 +
-             r2 * (k[0] + r2 * (k[1] + r2 * (k[2] + r2 * (k[3] + r2 * (k[4] + r2 * k[5])))));
-    default: return 1.0;
+      return 1.0 + r2 * (k[0] + r2 * (k[1] + r2 * (k[2] + r2 * (k[3] + r2 * (k[4] + r2 * k[5])))));
+    default:
+      return 1.0;
   }
 }
 
@@ -103,7 +104,8 @@ Point<Number> distorted(LensDistortion::Kind kind, const LensDistortion::Paramet
       const Point<Number> t = tangential(q, q2, k[7], k[6]);
       return {q.x + t.x + q2 * (k[8] + q2 * k[9]), q.y + t.y + q2 * (k[10] + q2 * k[11])};
     }
-    default: return q;
+    default:
+      return q;
   }
 }
 
@@ -157,7 +159,8 @@ double closedInverseFactor(LensDistortion::Kind kind, const LensDistortion::Para
       if (!(radicand >= 0.0)) return nan;
       return (alpha * std::sqrt(radicand) + 1.0 - alpha) / (1.0 - alpha * alpha * br2);
     }
-    default: return 1.0;
+    default:
+      return 1.0;
   }
 }
 
@@ -190,7 +193,8 @@ LensDistortion::LensDistortion(Kind kind, const Parameters& parameters)
 
 Point2DDouble LensDistortion::Distort(const Point2DDouble& ideal) const {
   switch (_kind) {
-    case eNone: return ideal;
+    case eNone:
+      return ideal;
     case eFieldOfView:
       return scaled(ideal, fieldOfViewFactor(_parameters[0], std::hypot(ideal.x, ideal.y)));
     case eDivision: {
@@ -202,7 +206,8 @@ Point2DDouble LensDistortion::Distort(const Point2DDouble& ideal) const {
       const double alpha = _parameters[0];
       return scaled(ideal, 1.0 / (alpha * std::sqrt(_parameters[1] * r2 + 1.0) + 1.0 - alpha));
     }
-    default: break;
+    default:
+      break;
   }
   const Point2DDouble start = isFisheye(_kind) ? anglesOf(ideal) : ideal;
   const auto result = distorted<double>(_kind, _parameters, {start.x, start.y});

@@ -29,19 +29,19 @@ class TARN_HOST_EXPORT LensDistortion {
 public:
   enum Kind {
     eNone,
-    eRadial,            ///< k1, k2: times 1 + k1 r^2 + k2 r^4
-    eOpenCV,            ///< k1, k2, p1, p2: radial and tangential
-    eFullOpenCV,        ///< k1, k2, p1, p2, k3, k4, k5, k6: the radial factor is rational,
-                        ///< (1 + k1 r^2 + k2 r^4 + k3 r^6) / (1 + k4 r^2 + k5 r^4 + k6 r^6)
-    eFieldOfView,       ///< omega: r becomes atan(2 r tan(omega / 2)) / omega
-    eFisheye,           ///< k1, k2, k3, k4 (all zero: the equidistant projection)
-    eThinPrismFisheye,  ///< k1, k2, p1, p2, k3, k4, sx1, sy1: fisheye, tangential, and
-                        ///< sx1 r^2 added to x, sy1 r^2 to y
+    eRadial,                  ///< k1, k2: times 1 + k1 r^2 + k2 r^4
+    eOpenCV,                  ///< k1, k2, p1, p2: radial and tangential
+    eFullOpenCV,              ///< k1, k2, p1, p2, k3, k4, k5, k6: the radial factor is rational,
+                              ///< (1 + k1 r^2 + k2 r^4 + k3 r^6) / (1 + k4 r^2 + k5 r^4 + k6 r^6)
+    eFieldOfView,             ///< omega: r becomes atan(2 r tan(omega / 2)) / omega
+    eFisheye,                 ///< k1, k2, k3, k4 (all zero: the equidistant projection)
+    eThinPrismFisheye,        ///< k1, k2, p1, p2, k3, k4, sx1, sy1: fisheye, tangential, and
+                              ///< sx1 r^2 added to x, sy1 r^2 to y
     eRadTanThinPrismFisheye,  ///< k0 to k5, p0, p1, s0 to s3: six radial terms; after them the
                               ///< tangential ones (p1 = its p1, p2 = its p0) and s0 r^2 + s1 r^4
                               ///< added to x, s2 r^2 + s3 r^4 to y
     eDivision,                ///< k: ideal = distorted / (1 + k r^2), r of the distorted point
-    eEnhancedUnified  ///< alpha, beta: divided by alpha sqrt(beta r^2 + 1) + 1 - alpha
+    eEnhancedUnified          ///< alpha, beta: divided by alpha sqrt(beta r^2 + 1) + 1 - alpha
   };
   static constexpr int maximumParameters = 12;
   using Parameters = std::array<double, maximumParameters>;

@@ -1,8 +1,8 @@
 #include "host/model/ObjectPoint.h"
 
-#include <algorithm>
-
 #include "host/model/MarkedPoint.h"
+
+#include <algorithm>
 
 namespace tarn {
 

@@ -1,11 +1,11 @@
 #include "host/model/Point3DRandom.h"
 
-#include <algorithm>
-
 #include <Eigen/Dense>
 
 #include "host/model/MatrixDouble.h"
 #include "host/model/VectorDouble.h"
+
+#include <algorithm>
 
 namespace tarn {
 

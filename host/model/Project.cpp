@@ -76,8 +76,7 @@ void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withS
   }
 }
 
-Extents Project::GetProjectExtents(BasicAffine* affine, int withStations,
-                                   int processedOnly) const {
+Extents Project::GetProjectExtents(BasicAffine* affine, int withStations, int processedOnly) const {
   Extents extents;
   GetProjectExtents(extents, affine, withStations, processedOnly);
   return extents;

@@ -17,6 +17,7 @@
 #include "host/model/ImportedPoint.h"
 #include "host/model/MatrixDouble.h"
 #include "host/model/ObjectPoint.h"
+#include "host/model/SurfacePoint.h"
 #include "host/model/VectorDouble.h"
 #include "nodes/framework/LabelUpdate.h"
 #include "nodes/framework/PointCoordinate.h"
