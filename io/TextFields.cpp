@@ -1,0 +1,101 @@
+#include "io/TextFields.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace tarn {
+
+namespace {
+constexpr std::string_view blanks = " \t\r\v\f";
+
+std::string fieldText(int field, std::string_view text) {
+  return quoted(text) + " (field " + std::to_string(field) + ")";
+}
+}  // namespace
+
+TextLines::TextLines(const std::string& file, std::string_view text) : _file(file), _text(text) {
+  // Editors of some systems put a byte order mark before UTF-8.
+  if (_text.starts_with("\xEF\xBB\xBF")) _position = 3;
+}
+
+bool TextLines::next(std::string_view& line) {
+  if (_position >= _text.size()) return false;
+  const std::size_t end = std::min(_text.find('\n', _position), _text.size());
+  line = _text.substr(_position, end - _position);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  _position = end + 1;
+  ++_line;
+  return true;
+}
+
+bool TextLines::nextRecord(std::string_view& line) {
+  while (next(line)) {
+    const std::size_t first = line.find_first_not_of(blanks);
+    if (first != std::string_view::npos && line[first] != '#') return true;
+  }
+  return false;
+}
+
+double TextLines::done() const {
+  if (_position >= _text.size()) return 1.0;
+  return static_cast<double>(_position) / static_cast<double>(_text.size());
+}
+
+void TextFields::skipBlanks() {
+  _rest.remove_prefix(std::min(_rest.find_first_not_of(blanks), _rest.size()));
+}
+
+std::string_view TextFields::word(const char* what) {
+  skipBlanks();
+  if (_rest.empty()) {
+    _place.refuse("the end of the line after " + std::to_string(_field) + " fields", what);
+  }
+  const std::size_t end = std::min(_rest.find_first_of(blanks), _rest.size());
+  const std::string_view field = _rest.substr(0, end);
+  _rest.remove_prefix(end);
+  ++_field;
+  return field;
+}
+
+double TextFields::number(const char* what) {
+  const std::string_view field = word(what);
+  double value = 0.0;
+  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
+  if (error != std::errc() || end != field.data() + field.size() || !std::isfinite(value)) {
+    _place.refuse(fieldText(_field, field), std::string(what) + ", a finite number");
+  }
+  return value;
+}
+
+std::uint64_t TextFields::unsignedNumber(const char* what, std::uint64_t largest) {
+  const std::string_view field = word(what);
+  std::uint64_t value = 0;
+  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
+  if (error != std::errc() || end != field.data() + field.size() || value > largest) {
+    _place.refuse(fieldText(_field, field),
+                  std::string(what) + ", a whole number from 0 to " + std::to_string(largest));
+  }
+  return value;
+}
+
+std::string_view TextFields::rest() {
+  skipBlanks();
+  std::string_view all = _rest;
+  const std::size_t last = all.find_last_not_of(blanks);
+  all.remove_suffix(all.size() - (last == std::string_view::npos ? 0 : last + 1));
+  _rest = {};
+  return all;
+}
+
+bool TextFields::atEnd() {
+  skipBlanks();
+  return _rest.empty();
+}
+
+void TextFields::expectEnd(const char* record) {
+  if (atEnd()) return;
+  const std::string_view field = word(record);
+  _place.refuse(fieldText(_field, field), std::string("the end of ") + record);
+}
+
+}  // namespace tarn
