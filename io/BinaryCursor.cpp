@@ -39,9 +39,8 @@ void BinaryCursor::checkCount(const Place& start, const char* what, std::uint64_
                               std::size_t smallestRecord) const {
   const std::size_t most = left() / smallestRecord;
   if (records <= most) return;
-  start.refuse(std::to_string(records),
-               std::string(what) + " of at most " + std::to_string(most) +
-                   ", for which the file has room");
+  start.refuse(std::to_string(records), std::string(what) + " of at most " + std::to_string(most) +
+                                            ", for which the file has room");
 }
 
 }  // namespace tarn

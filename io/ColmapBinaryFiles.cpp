@@ -132,8 +132,7 @@ void readRigs(const std::string& file, ColmapModel& model) {
     ColmapRig rig;
     rig.place = cursor.place();
     rig.id = cursor.id("a rig id");
-    const std::size_t sensors =
-        cursor.count<std::uint32_t>("a number of sensors", smallestSensor);
+    const std::size_t sensors = cursor.count<std::uint32_t>("a number of sensors", smallestSensor);
     for (std::size_t k = 0; k < sensors; ++k) {
       rig.sensors.push_back(readSensor(cursor));
       if (k == 0) continue;  // the reference, which the others' poses are relative to

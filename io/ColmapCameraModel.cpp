@@ -23,6 +23,7 @@ constexpr ColmapCameraModel models[] = {
     {13, "DIVISION", 2, LensDistortion::eDivision, 1},
     {14, "SIMPLE_FISHEYE", 1, LensDistortion::eFisheye, 0},
     {15, "FISHEYE", 2, LensDistortion::eFisheye, 0},
+    {16, "EUCM", 2, LensDistortion::eEnhancedUnified, 2},
 };
 
 template <typename Matches>

@@ -6,7 +6,8 @@
 
 namespace tarn {
 
-/// One of COLMAP's camera models. Its parameters are one focal length or two, the
+/// One of COLMAP's perspective camera models. (EQUIRECTANGULAR, a whole sphere without a focal
+/// length, is no camera of the project.) Its parameters are one focal length or two, the
 /// principal point, and then those of the distortion in the order of its kind.
 struct ColmapCameraModel {
   int id;

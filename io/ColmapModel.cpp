@@ -31,8 +31,8 @@ void checkSize(const Place& place, std::uint64_t pixels, const char* side) {
 void checkName(const Place& place, std::string_view name) {
   const std::string expected = "a file name inside the photograph folder";
   if (name.empty()) place.refuse("an empty image name", expected);
-  const bool drive = name.size() > 1 && name[1] == ':' &&
-                     std::isalpha(static_cast<unsigned char>(name[0])) != 0;
+  const bool drive =
+      name.size() > 1 && name[1] == ':' && std::isalpha(static_cast<unsigned char>(name[0])) != 0;
   if (drive || name[0] == '/' || name[0] == '\\') {
     place.refuse("the absolute image name " + quoted(name), expected);
   }
@@ -111,9 +111,9 @@ void ColmapModel::add(ColmapFrame frame) { addUnique(frameOf, frames, std::move(
 void ColmapModel::check() const {
   for (const ColmapImage& image : images) {
     if (!cameraOf.contains(image.cameraId)) {
-      image.place.refuse("camera " + std::to_string(image.cameraId) + " of image " +
-                             std::to_string(image.id),
-                         "a camera that the cameras file holds");
+      image.place.refuse(
+          "camera " + std::to_string(image.cameraId) + " of image " + std::to_string(image.id),
+          "a camera that the cameras file holds");
     }
   }
   checkTracks();
@@ -201,9 +201,9 @@ void ColmapModel::checkFrames() const {
       if (image == imageOf.end()) continue;
       const ColmapImage& named = images[image->second];
       if (named.cameraId != datum.sensor.id) {
-        frame.place.refuse("image " + std::to_string(named.id) + " of " +
-                               described(datum.sensor) + whose,
-                           "its camera " + std::to_string(named.cameraId));
+        frame.place.refuse(
+            "image " + std::to_string(named.id) + " of " + described(datum.sensor) + whose,
+            "its camera " + std::to_string(named.cameraId));
       }
       if (inFrame[image->second]) {
         frame.place.refuse("image " + std::to_string(named.id) + " again" + whose,

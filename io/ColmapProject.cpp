@@ -47,8 +47,8 @@ Camera colmapCamera(const ColmapCamera& record) {
   camera.SetImageSize(static_cast<int>(record.width), static_cast<int>(record.height));
   // One focal length in millimetres; where the two in pixels differ, the pixels are not
   // square, and the other side of the format says so.
-  const double focal = record.width >= record.height ? focalX * longerSide / width
-                                                     : focalY * longerSide / height;
+  const double focal =
+      record.width >= record.height ? focalX * longerSide / width : focalY * longerSide / height;
   camera.SetFocalLength(focal);
   if (record.width >= record.height) {
     camera.SetFormatSize(longerSide, height * focal / focalY);
@@ -102,8 +102,7 @@ void ColmapProject::computePoints(ReadProgress& progress) {
       double inCamera[3];
       for (int row = 0; row < 3; ++row) {
         inCamera[row] = station.rotation(row + 1, 1) * ray.x +
-                        station.rotation(row + 1, 2) * ray.y +
-                        station.rotation(row + 1, 3) * ray.z;
+                        station.rotation(row + 1, 2) * ray.y + station.rotation(row + 1, 3) * ray.z;
       }
       Point2DDouble projected;
       if (!station.camera->Project(inCamera, projected)) continue;

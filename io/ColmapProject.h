@@ -37,9 +37,9 @@ private:
   void computePoints(ReadProgress& progress);
 
   const ColmapModel& _model;
-  std::vector<Camera> _cameras;       // as ColmapModel::cameras
-  std::vector<Station> _stations;     // as ColmapModel::images
-  std::vector<Residual> _residuals;   // as ColmapModel::marks
+  std::vector<Camera> _cameras;        // as ColmapModel::cameras
+  std::vector<Station> _stations;      // as ColmapModel::images
+  std::vector<Residual> _residuals;    // as ColmapModel::marks
   std::vector<Point3DRandom> _points;  // as ColmapModel::points
 };
 

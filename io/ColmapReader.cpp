@@ -53,8 +53,7 @@ void ColmapReader::Read(const std::string& folder, Project& project, const Optio
   ReadProgress precisionProgress(options.progress, "Computing precision");
   const ColmapProject computed(model, precisionProgress);
   precisionProgress.end();
-  computed.addTo(project,
-                 options.imageFolder.empty() ? source.imageFolder() : options.imageFolder);
+  computed.addTo(project, options.imageFolder.empty() ? source.imageFolder() : options.imageFolder);
 }
 
 }  // namespace tarn

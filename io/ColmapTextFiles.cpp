@@ -65,8 +65,8 @@ void readCameras(const std::string& file, ColmapModel& model) {
     }
     camera.width = fields.unsignedNumber("WIDTH", std::numeric_limits<std::uint64_t>::max());
     camera.height = fields.unsignedNumber("HEIGHT", std::numeric_limits<std::uint64_t>::max());
-    const std::string parameters = std::to_string(camera.model->parameters()) +
-                                   " parameters of " + std::string(camera.model->name);
+    const std::string parameters = std::to_string(camera.model->parameters()) + " parameters of " +
+                                   std::string(camera.model->name);
     for (int i = 0; i < camera.model->parameters(); ++i) {
       camera.parameters[static_cast<std::size_t>(i)] = fields.number(parameters.c_str());
     }

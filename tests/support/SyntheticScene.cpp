@@ -58,10 +58,14 @@ std::array<double, 4> quaternionOf(const std::array<Vector, 3>& r) {
                wz = (r[1][0] - r[0][1]) * b, xy = (r[0][1] + r[1][0]) * b,
                xz = (r[0][2] + r[2][0]) * b, yz = (r[1][2] + r[2][1]) * b;
   switch (largest) {
-    case 0: return {a, wx, wy, wz};
-    case 1: return {wx, a, xy, xz};
-    case 2: return {wy, xy, a, yz};
-    default: return {wz, xz, yz, a};
+    case 0:
+      return {a, wx, wy, wz};
+    case 1:
+      return {wx, a, xy, xz};
+    case 2:
+      return {wy, xy, a, yz};
+    default:
+      return {wz, xz, yz, a};
   }
 }
 
@@ -69,10 +73,11 @@ SyntheticScene::Image imageAt(int index, int stations) {
   const double angle = 2.0 * M_PI * index / stations;
   SyntheticScene::Image image;
   image.id = static_cast<std::uint32_t>(10 + 3 * index);
-  image.centre = {8.0 * std::cos(angle) + 0.5, 7.0 * std::sin(angle) - 0.25, 5.0 + 0.2 * (index % 3)};
+  image.centre = {8.0 * std::cos(angle) + 0.5, 7.0 * std::sin(angle) - 0.25,
+                  5.0 + 0.2 * (index % 3)};
   const Vector target{0.1, -0.2, 0.3};
-  const Vector forward = unit({target[0] - image.centre[0], target[1] - image.centre[1],
-                               target[2] - image.centre[2]});
+  const Vector forward =
+      unit({target[0] - image.centre[0], target[1] - image.centre[1], target[2] - image.centre[2]});
   const Vector right = unit(cross(forward, {0.0, 0.0, 1.0}));
   const std::array<Vector, 3> rotation{right, cross(forward, right), forward};
   image.rotation = quaternionOf(rotation);
@@ -81,7 +86,10 @@ SyntheticScene::Image imageAt(int index, int stations) {
   }
   char name[40];
   std::snprintf(name, sizeof name, "%s%02d.jpg",
-                index % 3 == 0 ? "station " : (index % 3 == 1 ? "left side/" : "S\xC3\xBC" "d/"),
+                index % 3 == 0 ? "station "
+                               : (index % 3 == 1 ? "left side/"
+                                                 : "S\xC3\xBC"
+                                                   "d/"),
                 index + 1);
   image.name = name;
   return image;
