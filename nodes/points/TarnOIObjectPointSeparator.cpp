@@ -72,7 +72,11 @@ SbMatrix ellipsoidInModel(const tarn::Point3DDouble& position, const tarn::Matri
     halfAxes[i] = static_cast<float>(std::sqrt(variances(i + 1)) * scale);
     for (int j = 0; j < 3; ++j) rotation[i][j] = static_cast<float>(axes(j + 1, i + 1));
   }
-  const auto narrowed = [](double value) { return static_cast<double>(static_cast<float>(value)); };
+  const auto narrowed = [](double value) {
+    // volatile: GCC 12 at -O3 drops the pair of conversions where it vectorises them.
+    const volatile float single = static_cast<float>(value);
+    return static_cast<double>(single);
+  };
   const tarn::Point3DDouble& offset = tarn::gThreeDViewOffset;
   SbMatrix result;
   result.setScale(halfAxes);
