@@ -13,20 +13,64 @@ namespace {
 constexpr short symbolSize = 9;
 using Picture = std::array<const char*, symbolSize>;
 
-constexpr Picture controlPointPicture = {"    x    ", "   x x   ", "   x x   ",
-                                         "  x   x  ", "  x x x  ", " x     x ",
-                                         " x     x ", "x       x", "xxxxxxxxx"};
-constexpr Picture secondStatePicture = {"    x    ", "   x x   ", "  x   x  ",
-                                        " x     x ", "x   x   x", " x     x ",
-                                        "  x   x  ", "   x x   ", "    x    "};
-constexpr Picture codedTargetPicture = {"  xxxxx  ", " x     x ", "x       x",
-                                        "x   x   x", "x  xxx  x", "x   x   x",
-                                        "x       x", " x     x ", "  xxxxx  "};
-constexpr Picture subPixelPicture = {"         ", "   xxx   ", "  x   x  ",
-                                     " x     x ", " x     x ", " x     x ",
-                                     "  x   x  ", "   xxx   ", "         "};
-constexpr Picture pointPicture = {"         ", "    x    ", "    x    ", "    x    ", " xxxxxxx ",
-                                  "    x    ", "    x    ", "    x    ", "         "};
+// One row of pixels a line.
+// clang-format off
+constexpr Picture controlPointPicture = {
+    "    x    ",
+    "   x x   ",
+    "   x x   ",
+    "  x   x  ",
+    "  x x x  ",
+    " x     x ",
+    " x     x ",
+    "x       x",
+    "xxxxxxxxx",
+};
+constexpr Picture secondStatePicture = {
+    "    x    ",
+    "   x x   ",
+    "  x   x  ",
+    " x     x ",
+    "x   x   x",
+    " x     x ",
+    "  x   x  ",
+    "   x x   ",
+    "    x    ",
+};
+constexpr Picture codedTargetPicture = {
+    "  xxxxx  ",
+    " x     x ",
+    "x       x",
+    "x   x   x",
+    "x  xxx  x",
+    "x   x   x",
+    "x       x",
+    " x     x ",
+    "  xxxxx  ",
+};
+constexpr Picture subPixelPicture = {
+    "         ",
+    "   xxx   ",
+    "  x   x  ",
+    " x     x ",
+    " x     x ",
+    " x     x ",
+    "  x   x  ",
+    "   xxx   ",
+    "         ",
+};
+constexpr Picture pointPicture = {
+    "         ",
+    "    x    ",
+    "    x    ",
+    "    x    ",
+    " xxxxxxx ",
+    "    x    ",
+    "    x    ",
+    "    x    ",
+    "         ",
+};
+// clang-format on
 
 // Coin keeps a marker's rows from the bottom up, each padded to whole bytes, the leftmost
 // pixel in the highest bit.
