@@ -166,8 +166,9 @@ std::vector<std::string> SourceLayout::findings(const std::string& path, const s
       if (includes.empty() || includes.front() != own) {
         found.push_back(path + " does not include its own header first");
       }
-    } else if (stem != "main") {
-      found.push_back(path + " has no header of its name beside it");
+    } else if (stem != "main" && (includes.empty() || !exists(includes.front()))) {
+      // One of several sources behind one header begins with that header.
+      found.push_back(path + " neither has a header of its name nor begins with the one it serves");
     }
     return found;
   }
@@ -176,19 +177,21 @@ std::vector<std::string> SourceLayout::findings(const std::string& path, const s
   // Definitions only: a name followed by '{' or ':', not by ';'.
   static const std::regex definition(
       R"((?:^|\n)\s*(class|struct)\s+(?:([A-Z][A-Z_]*_(?:EXPORT|DLL|API))\s+)?(\w+)\s*(?:final\s*)?[:{])");
+  bool definesAny = false;
   bool definesStem = false;
   for (std::sregex_iterator match(code.begin(), code.end(), definition), end; match != end;
        ++match) {
     const std::string name = (*match)[3];
+    definesAny = true;
     if (name == stem) definesStem = true;
     if ((*match)[2].matched && name != stem) {
       found.push_back(path + " defines the class " + name + ", which belongs into " + name + ".h");
     }
   }
-  // A header of functions, of one variable or of macros has its name in what it declares.
-  if (!definesStem &&
+  // Small records may stand beside functions in a header that is named after those.
+  if (definesAny && !definesStem &&
       withoutUnderscores(code).find(withoutUnderscores(stem)) == std::string::npos) {
-    found.push_back(path + " declares nothing of its name");
+    found.push_back(path + " is not named after the class it defines");
   }
   return found;
 }
