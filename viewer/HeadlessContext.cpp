@@ -7,17 +7,6 @@
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 
-struct HeadlessContext::Handles {
-  EGLDisplay display = EGL_NO_DISPLAY;
-  EGLContext context = EGL_NO_CONTEXT;
-  ~Handles() {
-    if (display == EGL_NO_DISPLAY) return;
-    eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
-    if (context != EGL_NO_CONTEXT) eglDestroyContext(display, context);
-    eglTerminate(display);
-  }
-};
-
 namespace {
 
 [[noreturn]] void fail(const char* what) {
@@ -36,20 +25,55 @@ EGLDisplay surfacelessDisplay() {
   return display;
 }
 
+/// EGL's display, which all contexts of the process share: EGL hands out the same one for
+/// every question, and ending it ends all of their contexts.
+class Display {
+public:
+  Display() : handle(surfacelessDisplay()) {
+    if (!eglInitialize(handle, nullptr, nullptr)) fail("EGL cannot be initialised");
+  }
+  ~Display() { eglTerminate(handle); }
+  Display(const Display&) = delete;
+  Display& operator=(const Display&) = delete;
+
+  static std::shared_ptr<Display> shared() {
+    static std::weak_ptr<Display> current;
+    std::shared_ptr<Display> display = current.lock();
+    if (!display) {
+      display = std::make_shared<Display>();
+      current = display;
+    }
+    return display;
+  }
+
+  const EGLDisplay handle;
+};
+
 }  // namespace
 
+struct HeadlessContext::Handles {
+  std::shared_ptr<Display> display = Display::shared();
+  EGLContext context = EGL_NO_CONTEXT;
+  ~Handles() {
+    if (context == EGL_NO_CONTEXT) return;
+    if (eglGetCurrentContext() == context) {
+      eglMakeCurrent(display->handle, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    }
+    eglDestroyContext(display->handle, context);
+  }
+};
+
 HeadlessContext::HeadlessContext() : handles(std::make_unique<Handles>()) {
-  handles->display = surfacelessDisplay();
-  if (!eglInitialize(handles->display, nullptr, nullptr)) fail("EGL cannot be initialised");
+  const EGLDisplay display = handles->display->handle;
   if (!eglBindAPI(EGL_OPENGL_API)) fail("EGL has no desktop OpenGL");
   const EGLint wanted[] = {EGL_SURFACE_TYPE, EGL_PBUFFER_BIT, EGL_RENDERABLE_TYPE, EGL_OPENGL_BIT,
                            EGL_NONE};
   EGLConfig config = nullptr;
   EGLint count = 0;
-  if (!eglChooseConfig(handles->display, wanted, &config, 1, &count) || count < 1) {
+  if (!eglChooseConfig(display, wanted, &config, 1, &count) || count < 1) {
     fail("EGL has no configuration for OpenGL");
   }
-  handles->context = eglCreateContext(handles->display, config, EGL_NO_CONTEXT, nullptr);
+  handles->context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
   if (handles->context == EGL_NO_CONTEXT) fail("EGL makes no OpenGL context");
   makeCurrent();
 }
@@ -59,7 +83,7 @@ HeadlessContext::~HeadlessContext() = default;
 void HeadlessContext::prepareEnvironment() { setenv("COIN_FULL_INDIRECT_RENDERING", "1", 0); }
 
 void HeadlessContext::makeCurrent() const {
-  if (!eglMakeCurrent(handles->display, EGL_NO_SURFACE, EGL_NO_SURFACE, handles->context)) {
+  if (!eglMakeCurrent(handles->display->handle, EGL_NO_SURFACE, EGL_NO_SURFACE, handles->context)) {
     fail("the context cannot be made current");
   }
 }

@@ -1,12 +1,16 @@
 #include "viewer/OffscreenRenderer.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #define GL_GLEXT_PROTOTYPES
 #include <GL/gl.h>
 #include <GL/glext.h>
+#include <Inventor/C/errors/debugerror.h>
+#include <Inventor/C/glue/gl.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/elements/SoGLCacheContextElement.h>
 
@@ -27,18 +31,51 @@ struct OffscreenRenderer::Framebuffer {
     glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH24_STENCIL8, width, height);
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER, depth);
     if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) {
+      release();
       throw std::runtime_error("a picture of " + std::to_string(width) + " x " +
                                std::to_string(height) + " pixels cannot be drawn here");
     }
   }
-  ~Framebuffer() {
+  ~Framebuffer() { release(); }
+  Framebuffer(const Framebuffer&) = delete;
+  Framebuffer& operator=(const Framebuffer&) = delete;
+
+private:
+  void release() {
     glDeleteRenderbuffers(1, &color);
     glDeleteRenderbuffers(1, &depth);
     glDeleteFramebuffers(1, &frame);
   }
-  Framebuffer(const Framebuffer&) = delete;
-  Framebuffer& operator=(const Framebuffer&) = delete;
 };
+
+namespace {
+
+/// Lets Coin look at the current context. It asks GLX about it and warns that there is
+/// none, which is so by design here; all other messages pass.
+class ContextIntroduction {
+public:
+  explicit ContextIntroduction(std::uint32_t contextId)
+      : earlier(cc_debugerror_get_handler_callback()),
+        earlierData(cc_debugerror_get_handler_data()) {
+    cc_debugerror_set_handler_callback(&ContextIntroduction::pass, this);
+    cc_glglue_instance(static_cast<int>(contextId));
+    cc_debugerror_set_handler_callback(earlier, earlierData);
+  }
+
+private:
+  static void pass(const cc_debugerror* error, void* data) {
+    const char* text =
+        cc_string_get_text(cc_error_get_debug_string(reinterpret_cast<const cc_error*>(error)));
+    if (std::string_view(text).find("glxglue_isdirect") != std::string_view::npos) return;
+    const auto* self = static_cast<ContextIntroduction*>(data);
+    if (self->earlier) self->earlier(error, self->earlierData);
+  }
+
+  cc_debugerror_cb* earlier;
+  void* earlierData;
+};
+
+}  // namespace
 
 OffscreenRenderer::OffscreenRenderer(int width, int height) {
   constexpr int most = 16384;
@@ -52,7 +89,9 @@ OffscreenRenderer::OffscreenRenderer(int width, int height) {
   framebuffer = std::make_unique<Framebuffer>(width, height);
   viewport = SbViewportRegion(static_cast<short>(width), static_cast<short>(height));
   renderAction = std::make_unique<SoGLRenderAction>(viewport);
-  renderAction->setCacheContext(SoGLCacheContextElement::getUniqueCacheContext());
+  const std::uint32_t cacheContext = SoGLCacheContextElement::getUniqueCacheContext();
+  renderAction->setCacheContext(cacheContext);
+  const ContextIntroduction introduction(cacheContext);
   renderAction->setTransparencyType(SoGLRenderAction::SORTED_OBJECT_BLEND);
 }
 

@@ -1,0 +1,53 @@
+#include "examples/DemoProject.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/TarnTest.h"
+
+class DemoProjectGLTest : public TarnTest {
+protected:
+  // Made once: its photographs take a few seconds.
+  static const DemoProject& project() {
+    static const DemoProject made;
+    return made;
+  }
+
+  static std::string content(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    EXPECT_TRUE(stream.good()) << file;
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+  }
+};
+
+// The committed project is the one that its program makes. The photographs may differ where
+// another version of the renderer rounds differently, and with them the points' colours.
+TEST_F(DemoProjectGLTest, CommittedProjectIsTheOneThatTheProgramMakes) {
+  const TemporaryFolder made;
+  project().write(made.path());
+  const std::string committed = TARN_SOURCE_DIR "/examples/demo/";
+  EXPECT_EQ(content(made.file("sparse/cameras.txt")), content(committed + "sparse/cameras.txt"));
+  EXPECT_EQ(content(made.file("sparse/images.txt")), content(committed + "sparse/images.txt"));
+  for (const char* name : {"images/station01.jpg", "images/station04.jpg",
+                           "images/station12.jpg"}) {
+    const Picture fresh = Picture::read(made.file(name));
+    const Picture kept = Picture::read(committed + name);
+    ASSERT_EQ(fresh.bytes.size(), kept.bytes.size()) << name;
+    double sum = 0.0;
+    for (std::size_t i = 0; i < fresh.bytes.size(); ++i) {
+      sum += std::abs(static_cast<int>(fresh.bytes[i]) - static_cast<int>(kept.bytes[i]));
+    }
+    EXPECT_LT(sum / static_cast<double>(fresh.bytes.size()), 1.0) << name;
+  }
+}
+
+TEST_F(DemoProjectGLTest, ResidualsAreThoseOfTheNoise) {
+  EXPECT_GT(project().pointCount(), 1000);
+  // Three unknowns a point take their share of the redundancy: 0.3 px becomes
+  // 0.3 sqrt(1 - 3 / (2 rays)).
+  const double rays = static_cast<double>(project().measurementCount()) / project().pointCount();
+  EXPECT_NEAR(project().rootMeanSquare(),
+              DemoProject::measurementNoise * std::sqrt(1.0 - 3.0 / (2.0 * rays)), 0.01);
+}

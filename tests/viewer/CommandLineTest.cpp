@@ -1,0 +1,137 @@
+#include "viewer/CommandLine.h"
+
+#include "tests/support/TarnTest.h"
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class CommandLineTest : public TarnTest {
+protected:
+  static CommandLine accepted(const std::vector<std::string>& arguments) {
+    const CommandLine::Parsed parsed = CommandLine::parse(arguments);
+    EXPECT_EQ(parsed.error, "");
+    EXPECT_TRUE(parsed.commandLine.has_value());
+    return parsed.commandLine.value_or(CommandLine());
+  }
+
+  static std::string refused(const std::vector<std::string>& arguments) {
+    const CommandLine::Parsed parsed = CommandLine::parse(arguments);
+    EXPECT_FALSE(parsed.commandLine.has_value());
+    EXPECT_EQ(parsed.exitStatus, 2);
+    EXPECT_EQ(parsed.output, "");
+    EXPECT_THAT(parsed.error, StartsWith("tarnview: "));
+    return parsed.error;
+  }
+};
+
+TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
+  const CommandLine line = accepted({"somewhere"});
+  EXPECT_EQ(line.project, "somewhere");
+  EXPECT_TRUE(line.wantsWindow());
+  EXPECT_EQ(line.view, CommandLine::View::eIso);
+  EXPECT_FALSE(line.size.has_value());
+  EXPECT_FALSE(line.ellipsoidScale.has_value());
+  EXPECT_FALSE(line.highlight.has_value());
+}
+
+TEST_F(CommandLineTest, EveryOptionIsTaken) {
+  const CommandLine line =
+      accepted({"p", "--render", "o.png", "--size", "640x480", "--view", "top", "--image-planes",
+                "--frusta", "--labels", "--ellipsoids", "2.5", "--highlight", "point:17",
+                "--write", "o.iv"});
+  EXPECT_EQ(line.renderFile, "o.png");
+  EXPECT_EQ(line.writeFile, "o.iv");
+  ASSERT_TRUE(line.size.has_value());
+  EXPECT_EQ(line.size->width, 640);
+  EXPECT_EQ(line.size->height, 480);
+  EXPECT_EQ(line.view, CommandLine::View::eTop);
+  EXPECT_TRUE(line.imagePlanes);
+  EXPECT_TRUE(line.frusta);
+  EXPECT_TRUE(line.labels);
+  EXPECT_EQ(line.ellipsoidScale, 2.5);
+  ASSERT_TRUE(line.highlight.has_value());
+  EXPECT_EQ(line.highlight->pointNumber, 17);
+  EXPECT_FALSE(line.wantsWindow());
+}
+
+TEST_F(CommandLineTest, ViewsAreKnownByName) {
+  using View = CommandLine::View;
+  EXPECT_EQ(accepted({"p", "--view", "iso"}).view, View::eIso);
+  EXPECT_EQ(accepted({"p", "--view", "front"}).view, View::eFront);
+  EXPECT_EQ(accepted({"p", "--view", "right"}).view, View::eRight);
+  const CommandLine station = accepted({"p", "--view", "station:a b.jpg"});
+  EXPECT_EQ(station.view, View::eStation);
+  EXPECT_EQ(station.viewStation, "a b.jpg");
+}
+
+TEST_F(CommandLineTest, HighlightNamesAStation) {
+  const CommandLine line = accepted({"p", "--highlight", "station:left01.jpg"});
+  ASSERT_TRUE(line.highlight.has_value());
+  EXPECT_EQ(line.highlight->kind, CommandLine::HighlightKind::eStation);
+  EXPECT_EQ(line.highlight->stationName, "left01.jpg");
+}
+
+TEST_F(CommandLineTest, NodesNeedNoProject) {
+  const CommandLine line = accepted({"--nodes"});
+  EXPECT_TRUE(line.listNodes);
+  EXPECT_FALSE(line.wantsWindow());
+}
+
+TEST_F(CommandLineTest, CallWithoutProjectIsRefused) {
+  EXPECT_THAT(refused({}), HasSubstr("PROJECT"));
+  EXPECT_THAT(refused({"--render", "a.png"}), HasSubstr("PROJECT"));
+}
+
+TEST_F(CommandLineTest, UnknownOptionIsNamed) {
+  EXPECT_THAT(refused({"p", "--colour"}), HasSubstr("--colour"));
+}
+
+TEST_F(CommandLineTest, SecondProjectIsRefused) {
+  EXPECT_THAT(refused({"p", "second"}), HasSubstr("second"));
+}
+
+TEST_F(CommandLineTest, SizesThatMakeNoPictureAreRefused) {
+  for (const char* size : {"", "800", "800x", "x600", "800x600x3", "800 x 600", "0x600", "800x0",
+                           "-1x5", "16385x1", "1x16385", "99999999999x1", "8e2x600"}) {
+    EXPECT_THAT(refused({"p", std::string("--size=") + size}), HasSubstr("--size")) << size;
+  }
+  EXPECT_EQ(accepted({"p", "--size", "16384x1"}).size->width, 16384);
+}
+
+TEST_F(CommandLineTest, UnknownViewIsToldWhichThereAre) {
+  for (const char* view : {"left", "ISO", "station:", "station"}) {
+    const std::string error = refused({"p", "--view", view});
+    EXPECT_THAT(error, HasSubstr("expected iso, top, front, right or station:NAME")) << view;
+  }
+}
+
+TEST_F(CommandLineTest, HighlightOfNothingKnownIsRefused) {
+  for (const char* what : {"17", "point:", "point:1x", "point:1.5", "station:", "line:3"}) {
+    EXPECT_THAT(refused({"p", "--highlight", what}),
+                HasSubstr("expected point:NUMBER or station:NAME"))
+        << what;
+  }
+}
+
+TEST_F(CommandLineTest, EllipsoidScaleMustBeAboveZero) {
+  for (const char* scale : {"0", "-1", "nan", "inf", "big"}) {
+    EXPECT_THAT(refused({"p", std::string("--ellipsoids=") + scale}), HasSubstr("--ellipsoids"))
+        << scale;
+  }
+}
+
+TEST_F(CommandLineTest, HelpTeachesByExamples) {
+  const CommandLine::Parsed parsed = CommandLine::parse({"--help"});
+  EXPECT_EQ(parsed.exitStatus, 0);
+  EXPECT_EQ(parsed.error, "");
+  for (const char* told : {"COLMAP", "--render", "--view", "station:NAME", "tarnview examples/demo",
+                           "Exit status", "XDG_CACHE_HOME"}) {
+    EXPECT_THAT(parsed.output, HasSubstr(told));
+  }
+}
+
+TEST_F(CommandLineTest, VersionIsPrinted) {
+  const CommandLine::Parsed parsed = CommandLine::parse({"--version"});
+  EXPECT_EQ(parsed.exitStatus, 0);
+  EXPECT_THAT(parsed.output, ::testing::MatchesRegex("tarnview [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}

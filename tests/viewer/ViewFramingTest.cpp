@@ -1,0 +1,190 @@
+#include "viewer/ViewFraming.h"
+
+#include <cmath>
+
+#include <Inventor/SbViewVolume.h>
+#include <Inventor/nodes/SoOrthographicCamera.h>
+#include <Inventor/nodes/SoPerspectiveCamera.h>
+
+#include "host/model/Project.h"
+#include "nodes/framework/NodeRef.h"
+#include "nodes/framework/ViewerFrame.h"
+#include "tests/support/TarnTest.h"
+
+using View = CommandLine::View;
+using tarn::Point3DDouble;
+
+class ViewFramingTest : public TarnTest {
+protected:
+  void addPoint(double x, double y, double z) {
+    tarn::ObjectPoint& point = project.AddObjectPoint();
+    point.SetApproximation(tarn::Point3DRandom(Point3DDouble(x, y, z)));
+  }
+
+  // 11 x 11 x 11 points of a block 20 wide, 10 deep and 5 high, its middle at (100, 50, 20).
+  void addBlock() {
+    for (int i = 0; i <= 10; ++i) {
+      for (int j = 0; j <= 10; ++j) {
+        for (int k = 0; k <= 10; ++k) addPoint(90.0 + 2.0 * i, 45.0 + j, 17.5 + 0.5 * k);
+      }
+    }
+  }
+
+  void addStation(const Point3DDouble& position, const Point3DDouble& right,
+                  const Point3DDouble& up, const Point3DDouble& back) {
+    tarn::MatrixDouble rotation = tarn::MatrixDouble::Identity(3);
+    const Point3DDouble* rows[] = {&right, &up, &back};
+    for (int row = 1; row <= 3; ++row) {
+      rotation(row, 1) = rows[row - 1]->x;
+      rotation(row, 2) = rows[row - 1]->y;
+      rotation(row, 3) = rows[row - 1]->z;
+    }
+    project.AddCameraStation().SetOrientation(position, rotation);
+  }
+
+  // Where the point is in the picture: 0 to 1 across, up, and in depth.
+  static SbVec3f onScreen(SoCamera& camera, const Point3DDouble& point) {
+    SbVec3f screen;
+    camera.getViewVolume().projectToScreen(ViewerFrame::fromModel(point), screen);
+    return screen;
+  }
+
+  tarn::Project project;
+};
+
+TEST_F(ViewFramingTest, BoxLeavesAFewOutliersAside) {
+  addBlock();
+  addPoint(1e6, 0.0, 0.0);
+  addPoint(0.0, -1e5, 3e4);
+  const ViewFraming framing(project);
+  Point3DDouble low;
+  Point3DDouble high;
+  ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
+  EXPECT_EQ(low, Point3DDouble(90.0, 45.0, 17.5));
+  EXPECT_EQ(high, Point3DDouble(110.0, 55.0, 22.5));
+}
+
+TEST_F(ViewFramingTest, OfAFewPointsNoneIsAnOutlier) {
+  addPoint(0.0, 0.0, 0.0);
+  addPoint(1.0, 2.0, 3.0);
+  addPoint(1000.0, 5.0, 6.0);
+  Point3DDouble low;
+  Point3DDouble high;
+  ASSERT_TRUE(ViewFraming(project).objectExtents().GetExtents(low, high));
+  EXPECT_EQ(high, Point3DDouble(1000.0, 5.0, 6.0));
+}
+
+TEST_F(ViewFramingTest, EveryViewHoldsThePointsAndStationsAndFillsThePicture) {
+  addBlock();
+  addStation({100.0, 30.0, 25.0}, {1, 0, 0}, {0, 0, 1}, {0, -1, 0});
+  const ViewFraming framing(project);
+  for (const View view : {View::eIso, View::eTop, View::eFront, View::eRight}) {
+    for (const double aspect : {1.5, 0.5}) {
+      const NodeRef<SoCamera> camera(framing.makeCamera(view, aspect));
+      framing.setDepthRange(camera.get(), 0.5);
+      float left = 1.0F, right = 0.0F, bottom = 1.0F, top = 0.0F;
+      const auto hold = [&](const Point3DDouble& point) {
+        const SbVec3f at = onScreen(*camera, point);
+        left = std::min(left, at[0]);
+        right = std::max(right, at[0]);
+        bottom = std::min(bottom, at[1]);
+        top = std::max(top, at[1]);
+        EXPECT_GE(at[2], 0.0F);
+        EXPECT_LE(at[2], 1.0F);
+      };
+      for (const double x : {90.0, 110.0}) {
+        for (const double y : {45.0, 55.0}) {
+          for (const double z : {17.5, 22.5}) hold({x, y, z});
+        }
+      }
+      hold({100.0, 30.0, 25.0});
+      EXPECT_GE(left, 0.0F);
+      EXPECT_LE(right, 1.0F);
+      EXPECT_GE(bottom, 0.0F);
+      EXPECT_LE(top, 1.0F);
+      EXPECT_GT(std::max(right - left, top - bottom), 0.85F)
+          << "view " << static_cast<int>(view) << " aspect " << aspect;
+    }
+  }
+}
+
+TEST_F(ViewFramingTest, TopLooksDownWithYUpwards) {
+  addBlock();
+  const NodeRef<SoCamera> camera(ViewFraming(project).makeCamera(View::eTop, 1.0));
+  ASSERT_TRUE(camera->isOfType(SoOrthographicCamera::getClassTypeId()));
+  const SbVec3f middle = onScreen(*camera, {100.0, 50.0, 20.0});
+  EXPECT_GT(onScreen(*camera, {101.0, 50.0, 20.0})[0], middle[0]);
+  EXPECT_GT(onScreen(*camera, {100.0, 51.0, 20.0})[1], middle[1]);
+  EXPECT_LT(onScreen(*camera, {100.0, 50.0, 21.0})[2], middle[2]) << "higher is nearer";
+}
+
+TEST_F(ViewFramingTest, FrontLooksAlongYWithZUpwards) {
+  addBlock();
+  const NodeRef<SoCamera> camera(ViewFraming(project).makeCamera(View::eFront, 1.0));
+  const SbVec3f middle = onScreen(*camera, {100.0, 50.0, 20.0});
+  EXPECT_GT(onScreen(*camera, {101.0, 50.0, 20.0})[0], middle[0]);
+  EXPECT_GT(onScreen(*camera, {100.0, 50.0, 21.0})[1], middle[1]);
+  EXPECT_GT(onScreen(*camera, {100.0, 51.0, 20.0})[2], middle[2]) << "farther along Y";
+}
+
+TEST_F(ViewFramingTest, RightLooksAgainstXWithZUpwards) {
+  addBlock();
+  const NodeRef<SoCamera> camera(ViewFraming(project).makeCamera(View::eRight, 1.0));
+  const SbVec3f middle = onScreen(*camera, {100.0, 50.0, 20.0});
+  EXPECT_GT(onScreen(*camera, {100.0, 51.0, 20.0})[0], middle[0]);
+  EXPECT_GT(onScreen(*camera, {100.0, 50.0, 21.0})[1], middle[1]);
+  EXPECT_LT(onScreen(*camera, {101.0, 50.0, 20.0})[2], middle[2]) << "nearer along X";
+}
+
+TEST_F(ViewFramingTest, IsoIsPerspectiveAndShowsZUpwards) {
+  addBlock();
+  const NodeRef<SoCamera> camera(ViewFraming(project).makeCamera(View::eIso, 1.0));
+  ASSERT_TRUE(camera->isOfType(SoPerspectiveCamera::getClassTypeId()));
+  const SbVec3f middle = onScreen(*camera, {100.0, 50.0, 20.0});
+  const SbVec3f higher = onScreen(*camera, {100.0, 50.0, 22.0});
+  EXPECT_GT(higher[1], middle[1]);
+  EXPECT_NEAR(higher[0], middle[0], 0.02F);
+}
+
+TEST_F(ViewFramingTest, StationsThatStandUprightAboutAnotherDirectionSayWhatIsUp) {
+  addBlock();
+  // As a model has it that took its frame from the first camera: y down, z forward.
+  addStation({100.0, 50.0, -20.0}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1});
+  addStation({104.0, 50.0, -20.0}, {1, 0, 0}, {0, -1, 0}, {0, 0, -1});
+  const ViewFraming::Axes front = ViewFraming(project).axes(View::eFront);
+  EXPECT_EQ(front.up, Point3DDouble(0.0, -1.0, 0.0));
+  EXPECT_EQ(front.back, Point3DDouble(0.0, 0.0, -1.0));
+  EXPECT_EQ(front.right, Point3DDouble(1.0, 0.0, 0.0));
+}
+
+TEST_F(ViewFramingTest, StationsThatLookDownLeaveZUp) {
+  addBlock();
+  addStation({100.0, 50.0, 120.0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1});
+  addStation({104.0, 50.0, 120.0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1});
+  EXPECT_EQ(ViewFraming(project).axes(View::eFront).up, Point3DDouble(0.0, 0.0, 1.0));
+}
+
+TEST_F(ViewFramingTest, StationSpacingIsTheMedianDistanceToTheNearest) {
+  const Point3DDouble x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+  addStation({0.0, 0.0, 0.0}, x, y, z);
+  EXPECT_EQ(ViewFraming(project).stationSpacing(), 0.0);
+  addStation({1.0, 0.0, 0.0}, x, y, z);
+  addStation({3.0, 0.0, 0.0}, x, y, z);
+  addStation({5.0, 0.0, 0.0}, x, y, z);
+  addStation({900.0, 0.0, 0.0}, x, y, z);
+  EXPECT_EQ(ViewFraming(project).stationSpacing(), 2.0);
+}
+
+TEST_F(ViewFramingTest, EmptyProjectAndSinglePointGiveUsableCameras) {
+  for (int points = 0; points < 2; ++points) {
+    if (points == 1) addPoint(10.0, -20.0, 30.0);
+    const ViewFraming framing(project);
+    for (const View view : {View::eIso, View::eTop}) {
+      const NodeRef<SoCamera> camera(framing.makeCamera(view, 1.0));
+      framing.setDepthRange(camera.get(), 0.1);
+      EXPECT_TRUE(std::isfinite(camera->position.getValue().length()));
+      EXPECT_GT(camera->nearDistance.getValue(), 0.0F);
+      EXPECT_GT(camera->farDistance.getValue(), camera->nearDistance.getValue());
+    }
+  }
+}

@@ -1,0 +1,181 @@
+#include "viewer/CommandLine.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <sstream>
+#include <string_view>
+
+#include <CLI/CLI.hpp>
+
+namespace {
+
+constexpr const char* description =
+    "tarnview - shows a photogrammetric project in three dimensions\n"
+    "\n"
+    "PROJECT is the folder of a COLMAP model (cameras, images and points3D, as .bin or\n"
+    ".txt), or the folder above it, in which the model is looked for in sparse/, sparse/0/\n"
+    "and 0/. The photographs are looked for in a folder images/ beside the model.\n"
+    "\n"
+    "Without --render, --write or --nodes a window opens.";
+
+constexpr const char* examples =
+    "Examples:\n"
+    "  tarnview examples/demo\n"
+    "      opens the demo project in a window\n"
+    "  tarnview examples/demo --render demo.png --frusta --labels\n"
+    "      draws it into a picture, with what each camera saw and with names\n"
+    "  tarnview examples/demo --render view.png --view station:station01.jpg --image-planes\n"
+    "      looks through one camera at its photograph, the points drawn over it\n"
+    "  tarnview examples/demo --render close.png --view top --size 3000x3000 --ellipsoids 50\n"
+    "      looks down, error ellipsoids fifty times their size\n"
+    "  tarnview examples/demo --render point.png --highlight point:12\n"
+    "      marks one object point\n"
+    "  tarnview examples/demo --write demo.iv\n"
+    "      writes the scene for any Open Inventor program\n"
+    "  tarnview --nodes\n"
+    "      lists the node classes of the library\n"
+    "\n"
+    "Views: iso, top, front and right frame the object and the cameras, some outliers left\n"
+    "aside. Z is up; where the cameras say otherwise (a model that nobody levelled), up is\n"
+    "what is up in the photographs. station:NAME looks through that camera; the picture then\n"
+    "has the photograph's proportions unless --size is given.\n"
+    "\n"
+    "Image planes show small copies of the photographs, which are kept in\n"
+    "$XDG_CACHE_HOME/tarnview (~/.cache/tarnview); the project's own folders are only read.\n"
+    "\n"
+    "In the window: I image planes, F frusta, L labels, a click marks a point or a camera.\n"
+    "\n"
+    "Exit status: 0 done; 1 the project was refused or a file could not be written, with the\n"
+    "reason on standard error; 2 a wrong call.";
+
+constexpr int largestSide = 16384;
+
+/// A whole number that takes the whole text.
+template <typename Number>
+bool parseNumber(std::string_view text, Number& number) {
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  return result.ec == std::errc() && result.ptr == end;
+}
+
+/// What follows `prefix` in the text; absent when the text does not begin with it.
+std::optional<std::string> after(const std::string& text, std::string_view prefix) {
+  if (!std::string_view(text).starts_with(prefix)) return std::nullopt;
+  return text.substr(prefix.size());
+}
+
+CommandLine::Size parseSize(const std::string& text) {
+  CommandLine::Size size;
+  const std::size_t cross = text.find('x');
+  const std::string_view view = text;
+  if (cross == std::string::npos || !parseNumber(view.substr(0, cross), size.width) ||
+      !parseNumber(view.substr(cross + 1), size.height)) {
+    throw CLI::ValidationError("--size", "found \"" + text +
+                                             "\", expected WIDTHxHEIGHT in pixels, for example "
+                                             "1600x1200");
+  }
+  if (size.width < 1 || size.height < 1 || size.width > largestSide ||
+      size.height > largestSide) {
+    throw CLI::ValidationError("--size", "found \"" + text + "\", expected sides from 1 to " +
+                                             std::to_string(largestSide) + " pixels");
+  }
+  return size;
+}
+
+void parseView(const std::string& text, CommandLine& commandLine) {
+  using View = CommandLine::View;
+  if (text == "iso") {
+    commandLine.view = View::eIso;
+  } else if (text == "top") {
+    commandLine.view = View::eTop;
+  } else if (text == "front") {
+    commandLine.view = View::eFront;
+  } else if (text == "right") {
+    commandLine.view = View::eRight;
+  } else if (const auto name = after(text, "station:"); name && !name->empty()) {
+    commandLine.view = View::eStation;
+    commandLine.viewStation = *name;
+  } else {
+    throw CLI::ValidationError("--view", "found \"" + text +
+                                             "\", expected iso, top, front, right or "
+                                             "station:NAME");
+  }
+}
+
+CommandLine::Highlight parseHighlight(const std::string& text) {
+  CommandLine::Highlight highlight;
+  if (const auto number = after(text, "point:");
+      number && parseNumber(*number, highlight.pointNumber)) {
+    return highlight;
+  }
+  if (const auto name = after(text, "station:"); name && !name->empty()) {
+    highlight.kind = CommandLine::HighlightKind::eStation;
+    highlight.stationName = *name;
+    return highlight;
+  }
+  throw CLI::ValidationError("--highlight", "found \"" + text +
+                                                "\", expected point:NUMBER or station:NAME");
+}
+
+}  // namespace
+
+CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments) {
+  CommandLine commandLine;
+  std::string size;
+  std::string view;
+  std::string highlight;
+  double ellipsoids = 0.0;
+
+  CLI::App app(description, "tarnview");
+  app.footer(examples);
+  app.set_version_flag("--version", "tarnview " TARN_VERSION, "Print the version");
+  app.add_option("PROJECT", commandLine.project, "Folder of a COLMAP model, or the one above it");
+  app.add_option("--render", commandLine.renderFile, "Draw into this PNG file, without a window")
+      ->type_name("FILE");
+  app.add_option("--size", size, "Size of the picture in pixels [1600x1200]")
+      ->type_name("WxH");
+  app.add_option("--view", view, "iso, top, front, right or station:NAME [iso]")
+      ->type_name("VIEW");
+  app.add_flag("--image-planes", commandLine.imagePlanes, "Show the photographs in the cameras");
+  app.add_flag("--frusta", commandLine.frusta, "Show what each camera saw");
+  app.add_flag("--labels", commandLine.labels,
+               "Name the cameras, and as many object points as there is room for");
+  const CLI::Option* ellipsoidOption =
+      app.add_option("--ellipsoids", ellipsoids, "Show error ellipsoids, SCALE times their size")
+          ->type_name("SCALE");
+  app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")
+      ->type_name("WHAT");
+  app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
+      ->type_name("FILE");
+  app.add_flag("--nodes", commandLine.listNodes,
+               "List the registered node classes, each with its parent");
+
+  Parsed parsed;
+  try {
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    app.parse(reversed);
+    if (!size.empty()) commandLine.size = parseSize(size);
+    if (!view.empty()) parseView(view, commandLine);
+    if (!highlight.empty()) commandLine.highlight = parseHighlight(highlight);
+    if (ellipsoidOption->count() > 0) {
+      if (!(ellipsoids > 0.0) || !std::isfinite(ellipsoids)) {
+        throw CLI::ValidationError("--ellipsoids", "expected a number above 0");
+      }
+      commandLine.ellipsoidScale = ellipsoids;
+    }
+    if (commandLine.project.empty() && !commandLine.listNodes) {
+      throw CLI::RequiredError("PROJECT");
+    }
+    parsed.commandLine = commandLine;
+  } catch (const CLI::ParseError& error) {
+    std::ostringstream output;
+    std::ostringstream errors;
+    const int status = app.exit(error, output, errors);
+    parsed.exitStatus = status == 0 ? 0 : 2;
+    parsed.output = output.str();
+    parsed.error = errors.str();
+    if (status != 0) parsed.error = "tarnview: " + parsed.error;
+  }
+  return parsed;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// What a call of tarnview asks for.
+struct CommandLine {
+  enum class View { eIso, eTop, eFront, eRight, eStation };
+  enum class HighlightKind { ePoint, eStation };
+  struct Size {
+    int width = 1600;
+    int height = 1200;
+  };
+  struct Highlight {
+    HighlightKind kind = HighlightKind::ePoint;
+    long pointNumber = 0;
+    std::string stationName;
+  };
+
+  std::string project;           ///< empty when only --nodes was asked for
+  std::string renderFile;        ///< empty for no picture
+  std::string writeFile;         ///< empty for no scene file
+  std::optional<Size> size;      ///< absent when --size was not given
+  View view = View::eIso;
+  std::string viewStation;       ///< for View::eStation
+  bool imagePlanes = false;
+  bool frusta = false;
+  bool labels = false;
+  std::optional<double> ellipsoidScale;
+  std::optional<Highlight> highlight;
+  bool listNodes = false;
+
+  /// Whether the call wants a window: neither a picture nor a scene file nor a list.
+  bool wantsWindow() const { return renderFile.empty() && writeFile.empty() && !listNodes; }
+
+  /// What parse found: a command line to carry out, or else an exit status with the text
+  /// that goes to standard output (--help, --version: status 0) or standard error (2).
+  struct Parsed;
+
+  /// Parses the arguments, the program's name not among them.
+  static Parsed parse(const std::vector<std::string>& arguments);
+};
+
+struct CommandLine::Parsed {
+  std::optional<CommandLine> commandLine;
+  int exitStatus = 0;
+  std::string output;
+  std::string error;
+};

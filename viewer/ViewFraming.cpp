@@ -1,0 +1,246 @@
+#include "viewer/ViewFraming.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include <Inventor/nodes/SoOrthographicCamera.h>
+#include <Inventor/nodes/SoPerspectiveCamera.h>
+
+#include "host/model/Project.h"
+#include "nodes/framework/ViewerFrame.h"
+
+namespace {
+
+using Point = tarn::Point3DDouble;
+
+constexpr double air = 1.08;        // room around what is framed
+constexpr float heightAngle = 0.6F;  // of the perspective view, radians
+
+double dot(const Point& a, const Point& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+
+Point cross(const Point& a, const Point& b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+Point unit(const Point& a) {
+  const double length = a.length();
+  return length > 0.0 ? (1.0 / length) * a : a;
+}
+
+double component(const Point& p, int axis) { return axis == 0 ? p.x : axis == 1 ? p.y : p.z; }
+
+// From the second to the ninety-eighth percentile, and a good part of that range more on
+// either side.
+std::array<double, 2> robustRange(const std::vector<Point>& points, int axis) {
+  std::vector<double> values;
+  values.reserve(points.size());
+  for (const Point& point : points) values.push_back(component(point, axis));
+  const auto at = [&values](double fraction) {
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(
+                                            fraction * static_cast<double>(values.size() - 1));
+    std::nth_element(values.begin(), place, values.end());
+    return *place;
+  };
+  const double low = at(0.02);
+  const double high = at(0.98);
+  const double margin = 0.25 * (high - low);
+  return {low - margin, high + margin};
+}
+
+std::vector<Point> withoutOutliers(const std::vector<Point>& points) {
+  // Of a few points none can be told to be an outlier.
+  constexpr std::size_t few = 20;
+  if (points.size() < few) return points;
+  std::array<std::array<double, 2>, 3> range{};
+  for (int axis = 0; axis < 3; ++axis) {
+    range[static_cast<std::size_t>(axis)] = robustRange(points, axis);
+  }
+  std::vector<Point> inliers;
+  for (const Point& point : points) {
+    bool inside = true;
+    for (int axis = 0; axis < 3; ++axis) {
+      const auto& [low, high] = range[static_cast<std::size_t>(axis)];
+      const double value = component(point, axis);
+      inside = inside && value >= low && value <= high;
+    }
+    if (inside) inliers.push_back(point);
+  }
+  return inliers;
+}
+
+double medianNearestDistance(const std::vector<Point>& points) {
+  std::vector<double> nearest;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    double best = std::numeric_limits<double>::infinity();
+    for (std::size_t j = 0; j < points.size(); ++j) {
+      if (j != i) best = std::min(best, (points[i] - points[j]).length());
+    }
+    if (std::isfinite(best)) nearest.push_back(best);
+  }
+  if (nearest.empty()) return 0.0;
+  const auto middle = nearest.begin() + static_cast<std::ptrdiff_t>(nearest.size() / 2);
+  std::nth_element(nearest.begin(), middle, nearest.end());
+  return *middle;
+}
+
+SbRotation rotationOf(const ViewFraming::Axes& axes) {
+  const SbVec3f rows[] = {ViewerFrame::directionFromModel(axes.right),
+                          ViewerFrame::directionFromModel(axes.up),
+                          ViewerFrame::directionFromModel(axes.back)};
+  SbMatrix matrix = SbMatrix::identity();
+  for (int row = 0; row < 3; ++row) {
+    for (int column = 0; column < 3; ++column) matrix[row][column] = rows[row][column];
+  }
+  return SbRotation(matrix);
+}
+
+}  // namespace
+
+ViewFraming::ViewFraming(const tarn::Project& project) {
+  std::vector<Point> points;
+  const tarn::VOrdCollect& objectPoints = project.GetObjectPoints();
+  for (int i = 0; i < objectPoints.size(); ++i) {
+    tarn::Point3DRandom position;
+    const auto* point = static_cast<tarn::ObjectPoint*>(objectPoints.at(i));
+    if (point->GetApproximation(position)) points.push_back(position.position());
+  }
+  std::vector<Point> stations;
+  const tarn::VOrdCollect& allStations = project.GetCameraStations();
+  for (int i = 0; i < allStations.size(); ++i) {
+    const auto* station = static_cast<tarn::CameraStation*>(allStations.at(i));
+    if (!station->IsOriented()) continue;
+    stations.push_back(station->GetPosition());
+    const tarn::MatrixDouble rotation = station->GetRotationMatrix();
+    meanUp = meanUp + Point(rotation(2, 1), rotation(2, 2), rotation(2, 3));
+    meanBack = meanBack + Point(rotation(3, 1), rotation(3, 2), rotation(3, 3));
+  }
+  if (!stations.empty()) {
+    const double share = 1.0 / static_cast<double>(stations.size());
+    meanUp = share * meanUp;
+    meanBack = share * meanBack;
+  }
+  spacing = medianNearestDistance(stations);
+
+  framed = withoutOutliers(points.empty() ? stations : points);
+  for (const Point& point : framed) extents.Add(point);
+  Point low;
+  Point high;
+  if (extents.GetExtents(low, high) && (high - low).length() > 0.0) {
+    diagonal = (high - low).length();
+  }
+  if (points.empty()) return;
+  // A station far out of all proportion is an outlier too.
+  constexpr double farAway = 20.0;
+  const Point centre = extents.GetCentre();
+  for (const Point& station : stations) {
+    if ((station - centre).length() < farAway * diagonal) framed.push_back(station);
+  }
+}
+
+ViewFraming::Axes ViewFraming::upright() const {
+  const Point z(0.0, 0.0, 1.0);
+  const bool consistent = meanUp.length() > 0.5;
+  if (!consistent || unit(meanUp).z > 0.5 || unit(meanBack).z > 0.7) {
+    return {{1.0, 0.0, 0.0}, z, {0.0, -1.0, 0.0}};
+  }
+  const Point up = unit(meanUp);
+  Point back = meanBack - dot(meanBack, up) * up;
+  if (back.length() < 1e-3) back = cross(up, std::abs(up.x) < 0.9 ? Point(1, 0, 0) : z);
+  back = unit(back);
+  return {cross(up, back), up, back};
+}
+
+ViewFraming::Axes ViewFraming::axes(CommandLine::View view) const {
+  const auto [right, up, front] = upright();
+  switch (view) {
+    case CommandLine::View::eTop:
+      return {right, -1.0 * front, up};
+    case CommandLine::View::eRight:
+      return {-1.0 * front, up, right};
+    case CommandLine::View::eFront:
+    case CommandLine::View::eStation:
+      return {right, up, front};
+    case CommandLine::View::eIso:
+      break;
+  }
+  const Point back = unit(0.75 * right + front + 0.75 * up);
+  const Point across = unit(cross(up, back));
+  return {across, cross(back, across), back};
+}
+
+SoCamera* ViewFraming::makeCamera(CommandLine::View view, double aspect) const {
+  const Axes axes = this->axes(view);
+  const bool perspective = view == CommandLine::View::eIso;
+  const double tangentY = perspective ? std::tan(0.5 * static_cast<double>(heightAngle)) : 0.0;
+  const double tangentX = tangentY * aspect;
+  const Point centre = extents.GetCentre();
+  // The frame's four planes touch what they hold. A point r to the right and b back of the
+  // centre is in the picture when |r - x| <= t (d - b), x being where the camera stands
+  // and d how far back: r + t b - t d <= x <= r - t b + t d. (t is 0 for parallel views.)
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  double mostRight = -infinity, mostLeft = infinity;
+  double mostUp = -infinity, mostDown = infinity;
+  double nearest = -infinity;
+  for (const Point& point : framed) {
+    const Point from = point - centre;
+    const double r = dot(from, axes.right);
+    const double u = dot(from, axes.up);
+    const double b = dot(from, axes.back);
+    mostRight = std::max(mostRight, r + tangentX * b);
+    mostLeft = std::min(mostLeft, r - tangentX * b);
+    mostUp = std::max(mostUp, u + tangentY * b);
+    mostDown = std::min(mostDown, u - tangentY * b);
+    nearest = std::max(nearest, b);
+  }
+  if (framed.empty()) {
+    mostRight = mostUp = nearest = 0.5;
+    mostLeft = mostDown = -0.5;
+  }
+  const double x = 0.5 * (mostRight + mostLeft);
+  const double y = 0.5 * (mostUp + mostDown);
+  const double halfWidth = 0.5 * (mostRight - mostLeft) * air;
+  const double halfHeight = 0.5 * (mostUp - mostDown) * air;
+  const double smallest = 1e-3 * diagonal;
+
+  SoCamera* camera = nullptr;
+  double distance = 0.0;
+  if (perspective) {
+    distance = std::max({halfWidth / tangentX, halfHeight / tangentY, nearest + smallest});
+    auto* perspectiveCamera = new SoPerspectiveCamera;
+    perspectiveCamera->heightAngle = heightAngle;
+    camera = perspectiveCamera;
+  } else {
+    distance = nearest + diagonal;
+    auto* parallelCamera = new SoOrthographicCamera;
+    parallelCamera->height =
+        static_cast<float>(2.0 * std::max({halfHeight, halfWidth / aspect, smallest}));
+    camera = parallelCamera;
+  }
+  const Point eye = centre + x * axes.right + y * axes.up + distance * axes.back;
+  camera->viewportMapping = SoCamera::LEAVE_ALONE;
+  camera->aspectRatio = static_cast<float>(aspect);
+  camera->position = ViewerFrame::fromModel(eye);
+  camera->orientation = rotationOf(axes);
+  camera->focalDistance = static_cast<float>(distance);
+  return camera;
+}
+
+void ViewFraming::setDepthRange(SoCamera* camera, double reach) const {
+  SbVec3f forward(0.0F, 0.0F, -1.0F);
+  camera->orientation.getValue().multVec(forward, forward);
+  const SbVec3f eye = camera->position.getValue();
+  double nearest = std::numeric_limits<double>::infinity();
+  double farthest = 0.0;
+  for (const Point& point : framed) {
+    const double depth = static_cast<double>((ViewerFrame::fromModel(point) - eye).dot(forward));
+    // What stands beside or behind the eye does not count.
+    if (depth > reach) nearest = std::min(nearest, depth);
+    farthest = std::max(farthest, depth);
+  }
+  farthest = std::max(farthest + reach, 2.0 * reach);
+  nearest = std::max(std::min(nearest, farthest) - reach, 1e-3 * farthest);
+  camera->nearDistance = static_cast<float>(nearest);
+  camera->farDistance = static_cast<float>(farthest * 1.05);
+}
