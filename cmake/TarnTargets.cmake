@@ -50,6 +50,8 @@ function(tarn_library target export_name library_name folder macro)
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${export_name} OUTPUT_NAME ${library_name}
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  # The libraries find each other wherever they are installed.
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
   generate_export_header(${target}
     EXPORT_MACRO_NAME ${macro}
     EXPORT_FILE_NAME "${PROJECT_BINARY_DIR}/generated/${folder}/${library_name}Export.h")

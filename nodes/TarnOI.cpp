@@ -54,10 +54,14 @@ constexpr std::array table = {
 std::span<const ClassEntry> classes() { return table; }
 
 void initClasses() {
+  bool any = false;
   for (const ClassEntry& entry : table) {
-    if (entry.getClassTypeId() == SoType::badType()) entry.initClass();
+    if (entry.getClassTypeId() != SoType::badType()) continue;
+    entry.initClass();
+    any = true;
   }
-  tarn::gSymbols.registerMarkers();
+  // A second call must neither fill Coin's marker table nor undo an application's symbols.
+  if (any) tarn::gSymbols.registerMarkers();
 }
 
 void cleanUpClasses() {

@@ -22,8 +22,9 @@ struct ClassEntry {
 /// All classes in the order of registration, parents before their children.
 TARNOI_EXPORT std::span<const ClassEntry> classes();
 
-/// Registers every class that is not registered yet, and the point symbols of the host.
-/// Call it after SoDB::init. Each class's own initClass does the same for one class.
+/// Registers every class that is not registered yet and, when there was one, the point
+/// symbols of the host. Call it after SoDB::init, and again after SoDB::finish and another
+/// SoDB::init. Each class's own initClass does the same for one class.
 TARNOI_EXPORT void initClasses();
 
 /// Unregisters every class, children before their parents. No node of the library may be

@@ -4,6 +4,7 @@
 
 #include <Inventor/C/tidbits.h>
 #include <Inventor/SbName.h>
+#include <Inventor/SoDB.h>
 #include <Inventor/misc/SoBase.h>
 #include <Inventor/nodes/SoNode.h>
 
@@ -40,7 +41,9 @@ void NodeRegistration::init(void (*cleanUp)()) {
       std::string(className) + "::classTypeId == SoType::badType() && \"don't init() twice!\"";
   if (!TARNOI_ASSERT(classType == SoType::badType(), again.c_str(), className)) return;
 
-  const SoType parentType = SoType::fromName(parentName);
+  // Before SoDB::init there is no table of types to look into.
+  const SoType parentType =
+      SoDB::isInitialized() ? SoType::fromName(parentName) : SoType::badType();
   if (!TARNOI_ASSERT(parentType != SoType::badType(),
                      "parentType != SoType::badType() && \"you forgot init() on parentclass!\"",
                      className)) {

@@ -5,12 +5,7 @@
 
 TARNOI_NODE_SOURCE(TarnOIDrawStyle, SoDrawStyle);
 
-void TarnOIDrawStyle::initClass() {
-  registration.init(&TarnOIDrawStyle::atexit_cleanup);
-  // A ray pick calls the rayPick of shapes and groups only; of other nodes it has to be
-  // asked for.
-  SoRayPickAction::addMethod(getClassTypeId(), SoNode::rayPickS);
-}
+void TarnOIDrawStyle::initClass() { registration.init(&TarnOIDrawStyle::atexit_cleanup); }
 
 TarnOIDrawStyle::TarnOIDrawStyle() { TARNOI_NODE_CONSTRUCTOR(); }
 
@@ -21,5 +16,16 @@ TarnOIDrawStyle& TarnOIDrawStyle::operator=(const TarnOIDrawStyle&) { return *th
 TarnOIDrawStyle::~TarnOIDrawStyle() = default;
 
 void TarnOIDrawStyle::getBoundingBox(SoGetBoundingBoxAction* action) { doAction(action); }
+
+void TarnOIDrawStyle::pick(SoPickAction* action) {
+  // A ray pick calls the rayPick of shapes and separators only, of other nodes pick. A
+  // method for this type in the action's list would do as well, but that list keeps types
+  // for good, and meets one that was cleaned up with a crash.
+  if (action->isOfType(SoRayPickAction::getClassTypeId())) {
+    rayPick(static_cast<SoRayPickAction*>(action));
+  } else {
+    SoDrawStyle::pick(action);
+  }
+}
 
 void TarnOIDrawStyle::rayPick(SoRayPickAction* action) { doAction(action); }

@@ -17,6 +17,7 @@ public:
   TarnOIDrawStyle& operator=(const TarnOIDrawStyle& other);
 
   void getBoundingBox(SoGetBoundingBoxAction* action) override;
+  void pick(SoPickAction* action) override;
   void rayPick(SoRayPickAction* action) override;
 
 protected:

@@ -5,8 +5,12 @@
 #include <Inventor/SoFullPath.h>
 #include <Inventor/lists/SoActionMethodList.h>
 #include <Inventor/lists/SoEnabledElementsList.h>
+#include <Inventor/nodes/SoNode.h>
 
 #include "nodes/framework/TarnOIAssert.h"
+#include "nodes/framework/TarnOIDrawStyle.h"
+#include "nodes/framework/TarnOIMaterialWithPriority.h"
+#include "nodes/framework/TarnOIText2.h"
 
 namespace {
 constexpr const char* sourceFile = "TarnOISearchAction";
@@ -67,11 +71,24 @@ SoEnabledElementsList* TarnOISearchAction::getClassEnabledElements() { return en
 
 SoActionMethodList* TarnOISearchAction::getClassActionMethods() { return methods; }
 
-TarnOISearchAction::TarnOISearchAction() { traversalMethods = methods; }
+TarnOISearchAction::TarnOISearchAction() {
+  if (methods) traversalMethods = methods;
+}
 
 TarnOISearchAction* TarnOISearchAction::from(SoSearchAction* action) {
   return action->getTypeId().isDerivedFrom(classTypeId) ? static_cast<TarnOISearchAction*>(action)
                                                         : nullptr;
+}
+
+bool TarnOISearchAction::mayMatch(const SoNode& node) {
+  if (node.getChildren()) return true;
+  const SoType type = node.getTypeId();
+  // A method that the host added may do anything.
+  if (methods && (*methods)[SoNode::getActionMethodIndex(type)] != &SoNode::searchS) return true;
+  // Coin's own leaves know nothing of model objects, neither do labels and highlights.
+  return !node.getIsBuiltIn() && type != TarnOIText2::getClassTypeId() &&
+         type != TarnOIMaterialWithPriority::getClassTypeId() &&
+         type != TarnOIDrawStyle::getClassTypeId();
 }
 
 bool TarnOISearchAction::addCurrentPath() {

@@ -5,6 +5,8 @@
 
 #include "nodes/TarnOIExport.h"
 
+class SoNode;
+
 namespace tarn {
 class VObject;
 }
@@ -41,6 +43,11 @@ public:
 
   /// Whether the object is all that is sought: no node, name or type besides it.
   bool seeksOnlyTarnObject() const { return getFind() == 0; }
+
+  /// Whether a search for a model object alone has to visit `node`: groups, and leaves
+  /// that can answer for an object, such as materials and textures. Coordinates, shapes and
+  /// transforms need no visit.
+  static bool mayMatch(const SoNode& node);
 
   /// Adds a copy of the current path; returns whether the search is at its end.
   bool addCurrentPath();

@@ -19,10 +19,8 @@
 #include "host/classes/VDictionary.h"
 #include "host/model/BasicAffine.h"
 #include "nodes/framework/TarnOIAssert.h"
-#include "nodes/framework/TarnOIMaterial.h"
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISearchAction.h"
-#include "nodes/framework/TarnOITexture.h"
 #include "nodes/framework/ViewerFrame.h"
 
 TARNOI_ABSTRACT_NODE_SOURCE_(TarnOISeparator, SoSeparator, "SoSeparator", nullptr);
@@ -66,7 +64,9 @@ SbMatrix forward(tarn::BasicAffine& affine, bool applyScale, bool applyTranslati
       affine.HasTranslation() && affine.GetTranslation(before, after) && applyTranslation;
   if (translated) result.multRight(translation(before));
   tarn::MatrixDouble* matrix = nullptr;
-  if (affine.HasRotation() && affine.GetRotation(&matrix)) result.multRight(rotation(*matrix));
+  if (affine.HasRotation() && affine.GetRotation(&matrix) && matrix) {
+    result.multRight(rotation(*matrix));
+  }
   if (translated) result.multRight(translation(after));
   return result;
 }
@@ -80,7 +80,7 @@ SbMatrix backward(tarn::BasicAffine& affine, bool applyScale, bool applyTranslat
       affine.HasTranslation() && affine.GetTranslation(before, after) && applyTranslation;
   if (translated) result.multRight(translation(-1.0 * after));
   tarn::MatrixDouble* matrix = nullptr;
-  if (affine.HasRotation() && affine.GetRotation(&matrix)) {
+  if (affine.HasRotation() && affine.GetRotation(&matrix) && matrix) {
     TARNOI_ASSERT(matrix->invert(), "r.invert()", "TarnOISeparator");
     result.multRight(rotation(*matrix));
   }
@@ -230,21 +230,16 @@ void TarnOISeparator::removeEntry(tarn::VDictionary* dict, tarn::VObject* key) {
 }
 
 bool TarnOISeparator::isInvisible(SoAction* action) const {
-  return SoDrawStyleElement::get(action->getState()) == SoDrawStyleElement::INVISIBLE;
+  // A pick action of the host's own may know no draw style.
+  SoState* state = action->getState();
+  return state->isElementEnabled(SoDrawStyleElement::getClassStackIndex()) &&
+         SoDrawStyleElement::get(state) == SoDrawStyleElement::INVISIBLE;
 }
 
 bool TarnOISeparator::childrenMayMatch() const {
-  // A child without children answers for a model object only if it is a material or a
-  // texture; coordinates, shapes and transforms need not be visited.
   const int count = children->getLength();
   for (int i = 0; i < count; ++i) {
-    const SoNode* child = (*children)[i];
-    if (child->getChildren()) return true;
-    const SoType type = child->getTypeId();
-    if (type.isDerivedFrom(TarnOIMaterial::getClassTypeId()) ||
-        type.isDerivedFrom(TarnOITexture::getClassTypeId())) {
-      return true;
-    }
+    if (TarnOISearchAction::mayMatch(*(*children)[i])) return true;
   }
   return false;
 }

@@ -15,12 +15,18 @@ TarnOISwitch& TarnOISwitch::operator=(const TarnOISwitch&) { return *this; }
 TarnOISwitch::~TarnOISwitch() = default;
 
 void TarnOISwitch::search(SoSearchAction* action) {
+  if (!TarnOISearchAction::from(action)) {
+    SoSwitch::search(action);
+    return;
+  }
   // The switch is opened and closed again without notification: a search must not
   // schedule a redraw or drop render caches.
   const int before = whichChild.getValue();
+  const SbBool wasDefault = whichChild.isDefault();
   const SbBool notified = whichChild.enableNotify(FALSE);
-  if (TarnOISearchAction::from(action)) whichChild.setValue(SO_SWITCH_ALL);
+  whichChild.setValue(SO_SWITCH_ALL);
   SoSwitch::search(action);
   whichChild.setValue(before);
+  whichChild.setDefault(wasDefault);
   whichChild.enableNotify(notified);
 }
