@@ -4,6 +4,7 @@
 #include <ranges>
 
 #include "host/general/DisplayBitmaps.h"
+#include "nodes/cameras/TarnOICameraStationSeparator.h"
 #include "nodes/framework/SoSeparatorWithLayerDict.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
@@ -44,6 +45,8 @@ constexpr std::array table = {
                            "hides nodes from bounding boxes and picks too"),
     entry<TarnOITexture>("TarnOITexture", "SoTexture2", "an image file, shared by its path"),
     entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
+    entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
+                                        "a camera station: symbol, frustum, photograph, label"),
     entry<TarnOIObjectPointSeparator>(
         "TarnOIObjectPointSeparator", "TarnOISeparator",
         "an object point: marker, colour, label and error ellipsoid"),

@@ -36,7 +36,7 @@ struct ActionMethodIndex : SoNode {
 
 }  // namespace
 
-void NodeRegistration::init(void (*cleanUp)()) {
+void NodeRegistration::init(void (*cleanUp)(), void (*release)()) {
   const std::string again =
       std::string(className) + "::classTypeId == SoType::badType() && \"don't init() twice!\"";
   if (!TARNOI_ASSERT(classType == SoType::badType(), again.c_str(), className)) return;
@@ -56,10 +56,12 @@ void NodeRegistration::init(void (*cleanUp)()) {
   instances = 0;
   classType = SoType::createType(parentType, className, factory, ActionMethodIndex::take());
   parentFieldData = parentFieldDataOf();
+  releaseShared = release;
   cc_coin_atexit(cleanUp);
 }
 
 void NodeRegistration::cleanUp() {
+  if (releaseShared) releaseShared();
   delete fieldData;
   fieldData = nullptr;
   parentFieldData = nullptr;

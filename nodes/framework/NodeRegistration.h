@@ -28,7 +28,9 @@ public:
   /// registration as it is, and a parent that is not registered, which leaves the class
   /// unregistered. Coin's own shutdown (SoDB::finish) cleans up by `cleanUp`.
   /// @param cleanUp the class's clean-up function
-  void init(void (*cleanUp)());
+  /// @param release lets go, at every clean-up, of nodes that the class itself holds; it
+  ///        must be safe to call twice
+  void init(void (*cleanUp)(), void (*release)() = nullptr);
 
   /// Takes the class out of Coin's type system, so that `init` may run again. Safe to
   /// call twice, and before or after the clean-up of parent and child classes.
@@ -53,6 +55,7 @@ private:
   const SoFieldData** parentFieldData = nullptr;
   SoFieldData* fieldData = nullptr;
   unsigned int instances = 0;
+  void (*releaseShared)() = nullptr;
 };
 
 /// Static and virtual members that every node class has, to stand first in the class.
