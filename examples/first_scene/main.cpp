@@ -3,6 +3,7 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 
+#include "host/classes/VDictionary.h"
 #include "host/model/Project.h"
 #include "nodes/TarnOI.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
