@@ -38,6 +38,10 @@ ImageHeader readHeader(Bytes file) {
                           &header.height, &subsampling, &colourSpace) != 0) {
     fail(decompressor);
   }
+  // A file may hold tables only, or end before the picture begins.
+  if (header.width < 1 || header.height < 1) {
+    throw std::runtime_error("the JPEG cannot be decoded: there is no picture in it");
+  }
   if (colourSpace == TJCS_CMYK || colourSpace == TJCS_YCCK) {
     // Which ink values mean white differs between the programs that write such files.
     throw std::runtime_error("a JPEG in printing colours (CMYK): save it as RGB");

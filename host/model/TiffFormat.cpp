@@ -70,12 +70,17 @@ public:
     std::uint16_t* extraKinds = nullptr;
     TIFFGetFieldDefaulted(tiff, TIFFTAG_EXTRASAMPLES, &extraCount, &extraKinds);
     hasAlphaChannel = extraCount > 0 && extraKinds && extraKinds[0] != EXTRASAMPLE_UNSPECIFIED;
+    // libtiff multiplies colours by an alpha that is stored apart, but not grey.
+    isMultiplied = hasAlphaChannel && (!isGrey || extraKinds[0] == EXTRASAMPLE_ASSOCALPHA);
     return {static_cast<int>(std::min(width, most)), static_cast<int>(std::min(height, most)),
             (isGrey ? 1 : 3) + (hasAlphaChannel ? 1 : 0)};
   }
 
   TIFF* handle() { return tiff; }
-  bool hasAlpha() const { return hasAlphaChannel; }  // once the header has been asked for
+
+  // Of the pixels that libtiff gives; once the header has been asked for.
+  bool hasAlpha() const { return hasAlphaChannel; }
+  bool isMultipliedByAlpha() const { return isMultiplied; }
 
 private:
   static int keepError(TIFF*, void* self, const char*, const char* format, va_list arguments) {
@@ -115,6 +120,7 @@ private:
   std::string error;
   TIFF* tiff = nullptr;
   bool hasAlphaChannel = false;
+  bool isMultiplied = false;
 };
 
 bool recognises(Bytes file) {
@@ -143,7 +149,7 @@ ImageRaster decode(Bytes file, const ImageHeader& expected, int, int) {
   for (const std::uint32_t colour : colours) {
     const std::uint32_t alpha = TIFFGetA(colour);
     for (int c = 0; c < colourCount; ++c) {
-      // libtiff multiplies colours by the alpha; pixels here are not.
+      // Pixels here are not multiplied by their alpha.
       const std::uint32_t value = colour >> (8 * c) & 0xff;
       *to++ = static_cast<std::uint8_t>(reader.hasAlpha() && alpha > 0
                                             ? std::min(255U, (value * 255 + alpha / 2) / alpha)
