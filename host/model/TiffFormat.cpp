@@ -151,7 +151,7 @@ ImageRaster decode(Bytes file, const ImageHeader& expected, int, int) {
     for (int c = 0; c < colourCount; ++c) {
       // Pixels here are not multiplied by their alpha.
       const std::uint32_t value = colour >> (8 * c) & 0xff;
-      *to++ = static_cast<std::uint8_t>(reader.hasAlpha() && alpha > 0
+      *to++ = static_cast<std::uint8_t>(reader.isMultipliedByAlpha() && alpha > 0
                                             ? std::min(255U, (value * 255 + alpha / 2) / alpha)
                                             : value);
     }
