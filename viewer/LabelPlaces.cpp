@@ -5,8 +5,8 @@
 
 namespace {
 // Of a letter of the labels' font, with the air that keeps neighbours apart.
-constexpr int letterWidth = 8;
-constexpr int letterHeight = 16;
+constexpr int letterWidth = 11;
+constexpr int letterHeight = 24;
 }  // namespace
 
 LabelPlaces::LabelPlaces(const SoCamera& camera, const SbViewportRegion& viewport)
@@ -29,7 +29,7 @@ bool LabelPlaces::take(const SbVec3f& point, const std::string& text) {
   }
   const int left = static_cast<int>(x);
   const int bottom = static_cast<int>(y);
-  const int right = left + (static_cast<int>(text.size()) * letterWidth) / cellWidth;
+  const int right = left + (static_cast<int>(text.size() + 1) * letterWidth) / cellWidth;
   const int top = bottom + letterHeight / cellHeight;
   const auto cell = [this](int column, int row) {
     return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +

@@ -10,6 +10,7 @@
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/fields/SoField.h>
 #include <Inventor/lists/SoFieldList.h>
+#include <Inventor/nodes/SoDepthBuffer.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTexture2.h>
@@ -50,7 +51,12 @@ private:
     if (isGroup) {
       auto* from = static_cast<SoGroup*>(node);
       auto* to = static_cast<SoGroup*>(copy);
-      for (int i = 0; i < from->getNumChildren(); ++i) to->addChild(convert(from->getChild(i)));
+      for (int i = 0; i < from->getNumChildren(); ++i) {
+        SoNode* child = from->getChild(i);
+        // Coin's own, unknown to other implementations of Inventor.
+        if (child->isOfType(SoDepthBuffer::getClassTypeId())) continue;
+        to->addChild(convert(child));
+      }
     }
     return copy;
   }

@@ -35,6 +35,9 @@ public:
   /// Typical distance from a station to the nearest other one; 0 with fewer than two.
   double stationSpacing() const { return spacing; }
 
+  /// Has the views hold this point, too.
+  void include(const tarn::Point3DDouble& point) { framed.push_back(point); }
+
   /// The three directions of a view, of unit length and at right angles.
   struct Axes {
     tarn::Point3DDouble right, up, back;

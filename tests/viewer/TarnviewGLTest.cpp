@@ -1,0 +1,173 @@
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "nodes/TarnOI.h"
+#include "tests/support/TarnTest.h"
+#include "viewer/Picture.h"
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+/// Runs the program itself, as a user does.
+class TarnviewGLTest : public TarnTest {
+protected:
+  struct Result {
+    int status = -1;
+    std::string output;
+    std::string errors;
+  };
+
+  Result run(const std::string& program, const std::string& arguments) const {
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM XDG_CACHE_HOME='" +
+                                folder.file("cache") + "' '" + program + "' " + arguments + " >'" +
+                                folder.file("output") + "' 2>'" + folder.file("errors") + "'";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("output"), content("errors")};
+  }
+  Result tarnview(const std::string& arguments) const { return run(TARN_VIEW_PROGRAM, arguments); }
+
+  std::string content(const std::string& name) const {
+    std::ifstream stream(folder.file(name));
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+  }
+
+  const std::string demo = "'" TARN_SOURCE_DIR "/examples/demo'";
+  TemporaryFolder folder;
+};
+
+TEST_F(TarnviewGLTest, NodesAreListedOneALineWithTheirParents) {
+  const Result result = tarnview("--nodes");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "");
+  std::istringstream lines(result.output);
+  std::string line;
+  for (const TarnOI::ClassEntry& entry : TarnOI::classes()) {
+    ASSERT_TRUE(std::getline(lines, line));
+    std::istringstream words(line);
+    std::string name;
+    std::string parent;
+    words >> name >> parent;
+    EXPECT_EQ(name, entry.name);
+    EXPECT_EQ(parent, entry.parent);
+  }
+  EXPECT_FALSE(std::getline(lines, line));
+}
+
+TEST_F(TarnviewGLTest, HelpAndVersionGoToStandardOutput) {
+  const Result help = tarnview("--help");
+  EXPECT_EQ(help.status, 0);
+  EXPECT_THAT(help.output, HasSubstr("Examples:"));
+  EXPECT_EQ(help.errors, "");
+  EXPECT_THAT(tarnview("--version").output, StartsWith("tarnview "));
+}
+
+TEST_F(TarnviewGLTest, PictureHasTheSizeAskedFor) {
+  const Result result = tarnview(demo + " --size 320x200 --render '" + folder.file("a.png") + "'");
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(result.errors, "");
+  const Picture picture = Picture::read(folder.file("a.png"));
+  EXPECT_EQ(picture.width, 320);
+  EXPECT_EQ(picture.height, 200);
+}
+
+TEST_F(TarnviewGLTest, ViewThroughAStationHasThePhotographsProportions) {
+  const Result result =
+      tarnview(demo + " --view station:station03 --render '" + folder.file("a.png") + "'");
+  EXPECT_EQ(result.status, 0) << result.errors;
+  const Picture picture = Picture::read(folder.file("a.png"));
+  EXPECT_EQ(picture.width, 1600);
+  EXPECT_EQ(picture.height, 1200);
+}
+
+TEST_F(TarnviewGLTest, WrongCallsEndWithTwo) {
+  for (const char* wrong : {"", "--colour", "--size 10", "--view left", "--render"}) {
+    const Result result = tarnview(wrong);
+    EXPECT_EQ(result.status, 2) << wrong;
+    EXPECT_THAT(result.errors, StartsWith("tarnview: ")) << wrong;
+    EXPECT_EQ(result.output, "") << wrong;
+  }
+}
+
+TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
+  const std::string render = " --render '" + folder.file("a.png") + "'";
+  for (const char* wrong : {" --view station:nobody", " --highlight station:nobody"}) {
+    const Result result = tarnview(demo + render + wrong);
+    EXPECT_EQ(result.status, 2) << wrong;
+    EXPECT_THAT(result.errors, HasSubstr("station01.jpg, station02.jpg")) << wrong;
+  }
+  const Result result = tarnview(demo + render + " --highlight point:999999");
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(result.errors, HasSubstr("there is no object point 999999; the "));
+  EXPECT_FALSE(std::filesystem::exists(folder.file("a.png")));
+}
+
+TEST_F(TarnviewGLTest, RefusedProjectEndsWithOne) {
+  const Result result = tarnview("/nowhere --render '" + folder.file("a.png") + "'");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.errors,
+            "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model\n");
+}
+
+TEST_F(TarnviewGLTest, PictureThatCannotBeWrittenEndsWithOne) {
+  const Result result = tarnview(demo + " --size 40x30 --render '" + folder.file("no/a.png") + "'");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr(folder.file("no/a.png")));
+}
+
+TEST_F(TarnviewGLTest, WindowWithoutDisplayIsToldAboutPictures) {
+  const Result result = tarnview(demo);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("no display"));
+  EXPECT_THAT(result.errors, HasSubstr("--render"));
+}
+
+TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
+  const auto files = [] {
+    int count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::recursive_directory_iterator(
+             TARN_SOURCE_DIR "/examples/demo")) {
+      ++count;
+    }
+    return count;
+  };
+  const int before = files();
+  const Result result = tarnview(demo + " --image-planes --size 80x60 --render '" +
+                                 folder.file("a.png") + "'");
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(files(), before);
+  EXPECT_TRUE(std::filesystem::exists(folder.file("cache/tarnview/photographs")));
+}
+
+// The written scene is read by a program that knows nothing of this library and drawn by
+// the same renderer: the pictures are the same but for the point symbols, which are
+// Inventor's own there.
+TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
+  for (const char* options : {"--image-planes --frusta", "--labels --highlight station:station08",
+                              "--ellipsoids 30 --view top"}) {
+    const Result written =
+        tarnview(demo + " --size 400x300 --render '" + folder.file("ours.png") + "' --write '" +
+                 folder.file("scene.iv") + "' " + options);
+    ASSERT_EQ(written.status, 0) << written.errors;
+    EXPECT_THAT(content("scene.iv"), Not(HasSubstr("Tarn")));
+    EXPECT_THAT(content("scene.iv"), HasSubstr("DEF Station_station08_jpg Separator"));
+    const Result read = run(TARN_DRAW_PROGRAM, "'" + folder.file("scene.iv") + "' '" +
+                                                   folder.file("theirs.png") + "' 400 300");
+    ASSERT_EQ(read.status, 0) << read.errors;
+    EXPECT_EQ(read.errors, "");
+    const Picture ours = Picture::read(folder.file("ours.png"));
+    const Picture theirs = Picture::read(folder.file("theirs.png"));
+    ASSERT_EQ(ours.bytes.size(), theirs.bytes.size());
+    int different = 0;
+    for (std::size_t i = 0; i < ours.bytes.size(); ++i) {
+      different += std::abs(static_cast<int>(ours.bytes[i]) - static_cast<int>(theirs.bytes[i])) > 2;
+    }
+    EXPECT_LT(different, static_cast<int>(ours.bytes.size()) / 2000) << options;
+  }
+}

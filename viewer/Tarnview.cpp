@@ -1,0 +1,181 @@
+#include "viewer/Tarnview.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <exception>
+#include <iomanip>
+#include <optional>
+#include <ostream>
+#include <string_view>
+
+#include <Inventor/SoDB.h>
+#include <Inventor/SoInteraction.h>
+
+#include "host/general/Preferences.h"
+#include "host/model/Project.h"
+#include "nodes/TarnOI.h"
+#include "viewer/CommandLine.h"
+#include "viewer/HeadlessContext.h"
+#include "viewer/OffscreenRenderer.h"
+#include "viewer/Progress.h"
+#include "viewer/ProjectFile.h"
+#include "viewer/ProjectScene.h"
+#include "viewer/SceneWriter.h"
+
+namespace {
+
+using View = CommandLine::View;
+
+void initialiseCoin() {
+  SoDB::init();
+  SoInteraction::init();
+  TarnOI::initClasses();
+}
+
+// The photograph's proportions, its longer side as long as the usual picture's.
+CommandLine::Size sizeFor(const tarn::CameraStation& station) {
+  CommandLine::Size size;
+  const int longest = std::max(size.width, size.height);
+  double width = 0.0;
+  double height = 0.0;
+  if (const tarn::Camera* camera = station.GetCamera(1)) camera->GetFormatSize(width, height);
+  if (!(width > 0.0 && height > 0.0)) return size;
+  const double scale = longest / std::max(width, height);
+  size.width = std::max(1, static_cast<int>(std::lround(scale * width)));
+  size.height = std::max(1, static_cast<int>(std::lround(scale * height)));
+  return size;
+}
+
+/// One call on one project.
+class Call {
+public:
+  Call(const CommandLine& commandLine, std::ostream& errors)
+      : commandLine(commandLine), errors(errors) {}
+
+  int carryOut(const Tarnview::Window& window) {
+    const auto report = [this](const char* step, double done) { progress.report(step, done); };
+    ProjectFile::open(commandLine.project, project, report);
+    resolveNames();
+    ProjectScene::Options options;
+    options.imagePlanes = commandLine.imagePlanes;
+    options.frusta = commandLine.frusta;
+    options.ellipsoidScale = commandLine.ellipsoidScale;
+    options.progress = report;
+    ProjectScene scene(project, options);
+    if (highlightPoint) scene.highlight(*highlightPoint);
+    if (highlightStation) scene.highlight(*highlightStation);
+    const CommandLine::Size size = commandLine.size ? *commandLine.size
+                                   : viewStation    ? sizeFor(*viewStation)
+                                                    : CommandLine::Size();
+    if (viewStation) {
+      if (!scene.setView(*viewStation)) {
+        throw std::runtime_error("station \"" + viewStation->GetName().str() +
+                                 "\" is not oriented: there is no looking through it");
+      }
+    } else {
+      scene.setView(commandLine.view, static_cast<double>(size.width) / size.height);
+    }
+    for (const std::string& problem : scene.problems()) say(problem);
+    if (commandLine.wantsWindow()) {
+      progress.clear();
+      return window.open("tarnview - " + commandLine.project, scene, commandLine.labels, errors);
+    }
+    if (commandLine.labels) {
+      scene.showLabels(SbViewportRegion(static_cast<short>(size.width),
+                                        static_cast<short>(size.height)));
+    }
+    if (!commandLine.writeFile.empty()) {
+      report("writing", 0.0);
+      SceneWriter::write(scene.root(), commandLine.writeFile);
+    }
+    if (!commandLine.renderFile.empty()) {
+      report("drawing", 0.0);
+      OffscreenRenderer renderer(size.width, size.height);
+      renderer.setBackgroundColor(ProjectScene::backgroundColor());
+      renderer.render(scene.root()).writePng(commandLine.renderFile);
+    }
+    return 0;
+  }
+
+  void say(const std::string& text) {
+    progress.clear();
+    errors << "tarnview: " << text << '\n';
+  }
+
+private:
+  void resolveNames() {
+    if (commandLine.view == View::eStation) {
+      viewStation = &ProjectFile::findStation(project, commandLine.viewStation);
+    }
+    if (!commandLine.highlight) return;
+    if (commandLine.highlight->kind == CommandLine::HighlightKind::ePoint) {
+      highlightPoint = &ProjectFile::findPoint(project, commandLine.highlight->pointNumber);
+    } else {
+      highlightStation =
+          &ProjectFile::findStation(project, commandLine.highlight->stationName);
+    }
+  }
+
+  const CommandLine& commandLine;
+  std::ostream& errors;
+  Progress progress;
+  tarn::Project project;
+  tarn::CameraStation* viewStation = nullptr;
+  tarn::CameraStation* highlightStation = nullptr;
+  tarn::ObjectPoint* highlightPoint = nullptr;
+};
+
+}  // namespace
+
+int Tarnview::run(const std::vector<std::string>& arguments, std::ostream& output,
+                  std::ostream& errors, const Window& window) {
+  const CommandLine::Parsed parsed = CommandLine::parse(arguments);
+  if (!parsed.commandLine) {
+    output << parsed.output;
+    errors << parsed.error;
+    return parsed.exitStatus;
+  }
+  const CommandLine& commandLine = *parsed.commandLine;
+  if (commandLine.wantsWindow()) {
+    if (!window.prepare(errors)) return 1;
+  } else {
+    HeadlessContext::prepareEnvironment();
+  }
+  initialiseCoin();
+  if (commandLine.listNodes) {
+    listNodes(output);
+    if (commandLine.project.empty()) return 0;
+  }
+  tarn::Preferences preferences;
+  tarn::Preferences* earlierPreferences = std::exchange(tarn::gPref, &preferences);
+  int status = 0;
+  {
+    Call call(commandLine, errors);
+    try {
+      status = call.carryOut(window);
+    } catch (const ProjectFile::UnknownName& error) {
+      call.say(error.what());
+      status = 2;
+    } catch (const std::exception& error) {
+      call.say(error.what());
+      status = 1;
+    }
+  }
+  tarn::gPref = earlierPreferences;
+  return status;
+}
+
+void Tarnview::listNodes(std::ostream& output) {
+  std::size_t nameWidth = 0;
+  std::size_t parentWidth = 0;
+  for (const TarnOI::ClassEntry& entry : TarnOI::classes()) {
+    nameWidth = std::max(nameWidth, std::strlen(entry.name));
+    parentWidth = std::max(parentWidth, std::strlen(entry.parent));
+  }
+  for (const TarnOI::ClassEntry& entry : TarnOI::classes()) {
+    output << std::left << std::setw(static_cast<int>(nameWidth) + 2) << entry.name
+           << std::setw(static_cast<int>(parentWidth) + 2) << entry.parent << entry.summary
+           << '\n';
+  }
+}

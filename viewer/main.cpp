@@ -1,0 +1,12 @@
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "viewer/Tarnview.h"
+#include "viewer/window/ViewerWindow.h"
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+  return Tarnview::run(arguments, std::cout, std::cerr,
+                       {&ViewerWindow::prepare, &ViewerWindow::open});
+}

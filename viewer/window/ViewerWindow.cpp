@@ -1,0 +1,154 @@
+#include "viewer/window/ViewerWindow.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <ostream>
+
+#include <Inventor/Qt/SoQt.h>
+#include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
+#include <Inventor/SoPath.h>
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/actions/SoRayPickAction.h>
+#include <Inventor/nodes/SoCamera.h>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include "host/model/CameraStation.h"
+#include "host/model/ObjectPoint.h"
+#include "nodes/framework/TarnOISeparator.h"
+#include "viewer/ProjectScene.h"
+
+namespace {
+
+/// What keys and clicks do.
+class Controller {
+public:
+  Controller(SoQtExaminerViewer& viewer, ProjectScene& scene) : viewer(viewer), scene(scene) {}
+
+  static SbBool handle(void* controller, QEvent* event) {
+    return static_cast<Controller*>(controller)->handle(*event) ? TRUE : FALSE;
+  }
+
+private:
+  bool handle(const QEvent& event) {
+    switch (event.type()) {
+      case QEvent::KeyPress:
+        return pressed(static_cast<const QKeyEvent&>(event).key());
+      case QEvent::MouseButtonPress: {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        pressedAt = mouse.pos();
+        return false;
+      }
+      case QEvent::MouseButtonRelease: {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        // A drag turns the scene; only a click that stays where it is means an object.
+        if (mouse.button() == Qt::LeftButton &&
+            (mouse.pos() - pressedAt).manhattanLength() <= 3) {
+          click(mouse.pos());
+        }
+        return false;
+      }
+      default:
+        return false;
+    }
+  }
+
+  bool pressed(int key) {
+    switch (key) {
+      case Qt::Key_I:
+        scene.setImagePlanes(!scene.showsImagePlanes());
+        return true;
+      case Qt::Key_F:
+        scene.setFrusta(!scene.showsFrusta());
+        return true;
+      case Qt::Key_L:
+        if (scene.showsLabels()) {
+          scene.hideLabels();
+        } else {
+          scene.showLabels(viewer.getViewportRegion());
+        }
+        return true;
+      default:
+        return false;
+    }
+  }
+
+  void click(const QPoint& at) {
+    const SbViewportRegion viewport = viewer.getViewportRegion();
+    const double ratio = viewer.getGLWidget()->devicePixelRatioF();
+    SoRayPickAction pick(viewport);
+    pick.setPoint(SbVec2s(
+        static_cast<short>(at.x() * ratio),
+        static_cast<short>(viewport.getWindowSize()[1] - 1 - static_cast<int>(at.y() * ratio))));
+    pick.setRadius(6.0F);
+    pick.apply(viewer.getSceneManager()->getSceneGraph());
+    const SoPickedPoint* picked = pick.getPickedPoint();
+    scene.clearHighlight();
+    if (!picked) return;
+    const SoPath* path = picked->getPath();
+    for (int i = path->getLength() - 1; i >= 0; --i) {
+      SoNode* node = path->getNode(i);
+      if (!node->isOfType(TarnOISeparator::getClassTypeId())) continue;
+      tarn::VObject* object = static_cast<TarnOISeparator*>(node)->GetTarnObject();
+      if (!object) continue;
+      if (object->isA(tarn::CameraStationCls)) {
+        scene.highlight(*static_cast<tarn::CameraStation*>(object));
+      } else if (object->isA(tarn::ObjectPointCls)) {
+        scene.highlight(*static_cast<tarn::ObjectPoint*>(object));
+      }
+      return;
+    }
+  }
+
+  SoQtExaminerViewer& viewer;
+  ProjectScene& scene;
+  QPoint pressedAt;
+};
+
+bool isSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value && *value;
+}
+
+}  // namespace
+
+bool ViewerWindow::prepare(std::ostream& errors) {
+  // Coin draws through GLX, which a Wayland window has not got.
+  setenv("QT_QPA_PLATFORM", "xcb", 0);
+  const char* platform = std::getenv("QT_QPA_PLATFORM");
+  const bool needsDisplay = std::string(platform).starts_with("xcb");
+  if (!needsDisplay || isSet("DISPLAY")) return true;
+  errors << "tarnview: there is no display to open a window on (DISPLAY is not set); "
+            "--render FILE.png draws a picture without one\n";
+  return false;
+}
+
+int ViewerWindow::open(const std::string& title, ProjectScene& scene, bool labels,
+                       std::ostream& errors) {
+  QWidget* window = SoQt::init(title.c_str());
+  if (!window) {
+    errors << "tarnview: no window could be opened; --render FILE.png draws a picture without "
+              "one\n";
+    return 1;
+  }
+  window->resize(1280, 960);
+  {
+    SoQtExaminerViewer viewer(window);
+    Controller controller(viewer, scene);
+    viewer.setTitle(title.c_str());
+    viewer.setBackgroundColor(ProjectScene::backgroundColor());
+    // The scene has a light that follows the camera.
+    viewer.setHeadlight(FALSE);
+    scene.camera()->viewportMapping = SoCamera::ADJUST_CAMERA;
+    viewer.setSceneGraph(scene.root());
+    viewer.setEventCallback(&Controller::handle, &controller);
+    viewer.show();
+    SoQt::show(window);
+    if (labels) scene.showLabels(viewer.getViewportRegion());
+    SoQt::mainLoop();
+    viewer.setSceneGraph(nullptr);
+  }
+  SoQt::done();
+  return 0;
+}
