@@ -8,10 +8,10 @@
 #include <random>
 #include <stdexcept>
 
-#include <Eigen/Dense>
 #include <Inventor/SbMatrix.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <Eigen/Dense>
 
 #include "viewer/OffscreenRenderer.h"
 
@@ -71,8 +71,7 @@ Picture halved(const Picture& big) {
 }
 
 std::unique_ptr<std::FILE, int (*)(std::FILE*)> create(const std::filesystem::path& path) {
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "w"),
-                                                       &std::fclose);
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "w"), &std::fclose);
   if (!file) throw std::runtime_error(path.string() + ": cannot be written");
   return file;
 }
@@ -109,10 +108,9 @@ void DemoProject::addStations() {
     char name[32];
     std::snprintf(name, sizeof name, "station%02d.jpg", static_cast<int>(stations.size()) + 1);
     station.name = name;
-    station.position =
-        middle + plan.distance * Vector3d(std::cos(elevation) * std::cos(azimuth),
-                                          std::cos(elevation) * std::sin(azimuth),
-                                          std::sin(elevation));
+    station.position = middle + plan.distance * Vector3d(std::cos(elevation) * std::cos(azimuth),
+                                                         std::cos(elevation) * std::sin(azimuth),
+                                                         std::sin(elevation));
     station.cameraFromScene = lookAt(station.position, middle, plan.roll * degree);
     stations.push_back(std::move(station));
   }
@@ -233,8 +231,8 @@ Eigen::Vector3i DemoProject::colorOf(const Point& point) const {
   for (const Ray& ray : point.rays) {
     const Station& station = stations[ray.station];
     const Vector2d pixel = project(station, point.position);
-    const std::uint8_t* color = station.photograph.at(static_cast<int>(pixel.x()),
-                                                      static_cast<int>(pixel.y()));
+    const std::uint8_t* color =
+        station.photograph.at(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
     sum += Eigen::Vector3i(color[0], color[1], color[2]);
   }
   const int count = static_cast<int>(point.rays.size());

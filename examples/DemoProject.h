@@ -19,8 +19,8 @@ class DemoProject {
 public:
   static constexpr int width = 800;
   static constexpr int height = 600;
-  static constexpr double focalLength = 820.0;      ///< pixels
-  static constexpr double measurementNoise = 0.3;   ///< pixels, one standard deviation
+  static constexpr double focalLength = 820.0;     ///< pixels
+  static constexpr double measurementNoise = 0.3;  ///< pixels, one standard deviation
   static const Eigen::Vector3d siteOrigin;
 
   /// Takes the photographs, measures them and computes the object points.

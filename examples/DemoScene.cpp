@@ -5,7 +5,6 @@
 #include <numbers>
 #include <random>
 
-#include <Eigen/Geometry>
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoComplexity.h>
 #include <Inventor/nodes/SoCoordinate3.h>
@@ -14,6 +13,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTexture2.h>
 #include <Inventor/nodes/SoTextureCoordinate2.h>
+#include <Eigen/Geometry>
 
 namespace {
 
@@ -34,8 +34,8 @@ constexpr int codeSegments = 12;
 
 // A number from 0 to 1 that depends on the lattice point only.
 double latticeNoise(int x, int y) {
-  std::uint32_t h = static_cast<std::uint32_t>(x) * 374761393U +
-                    static_cast<std::uint32_t>(y) * 668265263U;
+  std::uint32_t h =
+      static_cast<std::uint32_t>(x) * 374761393U + static_cast<std::uint32_t>(y) * 668265263U;
   h = (h ^ (h >> 13U)) * 1274126177U;
   return static_cast<double>((h ^ (h >> 16U)) & 0xffffU) / 65535.0;
 }
@@ -75,8 +75,8 @@ double vaseRadius(double height) {
   const double p1 = radius(i);
   const double p2 = radius(i + 1);
   const double p3 = radius(i + 2);
-  return p1 + 0.5 * t * (p2 - p0 + t * (2 * p0 - 5 * p1 + 4 * p2 - p3 +
-                                        t * (3 * (p1 - p2) + p3 - p0)));
+  return p1 +
+         0.5 * t * (p2 - p0 + t * (2 * p0 - 5 * p1 + 4 * p2 - p3 + t * (3 * (p1 - p2) + p3 - p0)));
 }
 
 Color paintVase(double u, double v, const Vector&) {
@@ -124,9 +124,7 @@ Color paintBox(double u, double v, double width, double height) {
 Color paintPlate(const Vector& position) {
   Color color = mix(Color(0.86, 0.86, 0.83), Color(0.74, 0.75, 0.74),
                     grain(position.x() * 60.0, position.y() * 60.0));
-  const auto nearLine = [](double x) {
-    return std::abs(x - std::round(x / 0.1) * 0.1) < 0.0012;
-  };
+  const auto nearLine = [](double x) { return std::abs(x - std::round(x / 0.1) * 0.1) < 0.0012; };
   if (nearLine(position.x()) || nearLine(position.y())) color *= 0.62;
   return color;
 }
@@ -236,11 +234,10 @@ void DemoScene::addBox() {
   struct Face {
     Vector normal, across, up;  // of unit length
   };
-  const std::array faces = {Face{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}},
-                            Face{{-1, 0, 0}, {0, -1, 0}, {0, 0, 1}},
-                            Face{{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}},
-                            Face{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}},
-                            Face{{0, 0, 1}, {1, 0, 0}, {0, 1, 0}}};
+  const std::array faces = {
+      Face{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}, Face{{-1, 0, 0}, {0, -1, 0}, {0, 0, 1}},
+      Face{{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}, Face{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}},
+      Face{{0, 0, 1}, {1, 0, 0}, {0, 1, 0}}};
   for (const Face& face : faces) {
     const double width = 2.0 * std::abs(half.dot(face.across));
     const double height = 2.0 * std::abs(half.dot(face.up));
@@ -250,8 +247,8 @@ void DemoScene::addBox() {
     patch.textureWidth = patch.textureHeight = 512;
     patch.measuredShare = 4;
     patch.position = [=](double u, double v) {
-      const Vector local = depth * face.normal + width * (u - 0.5) * face.across +
-                           height * (v - 0.5) * face.up;
+      const Vector local =
+          depth * face.normal + width * (u - 0.5) * face.across + height * (v - 0.5) * face.up;
       return Vector(middle + turn * local);
     };
     patch.paint = [this, width, height](double u, double v, const Vector& position) {
@@ -293,8 +290,8 @@ void DemoScene::addBody(std::size_t firstPatch) {
   for (const Triangle& triangle : body.triangles) body.centre += triangle.a;
   body.centre /= static_cast<double>(body.triangles.size());
   for (const Triangle& triangle : body.triangles) {
-    for (const Vector& corner : {triangle.a, Vector(triangle.a + triangle.ab),
-                                 Vector(triangle.a + triangle.ac)}) {
+    for (const Vector& corner :
+         {triangle.a, Vector(triangle.a + triangle.ab), Vector(triangle.a + triangle.ac)}) {
       body.radius = std::max(body.radius, (corner - body.centre).norm());
     }
   }
@@ -378,8 +375,7 @@ double DemoScene::sunlight(const Place& place) const {
 bool DemoScene::isBlocked(const Vector& from, const Vector& to) const {
   const Vector way = to - from;
   for (const Body& body : bodies) {
-    const double nearest =
-        std::clamp((body.centre - from).dot(way) / way.squaredNorm(), 0.0, 1.0);
+    const double nearest = std::clamp((body.centre - from).dot(way) / way.squaredNorm(), 0.0, 1.0);
     if ((from + nearest * way - body.centre).norm() > body.radius) continue;
     for (const Triangle& triangle : body.triangles) {
       // Moeller and Trumbore, Fast, Minimum Storage Ray/Triangle Intersection (1997).
@@ -426,8 +422,8 @@ std::vector<DemoScene::Place> DemoScene::surfacePlaces(int count, std::uint64_t 
 DemoScene::Place DemoScene::placeAt(const Patch& patch, double u, double v) {
   constexpr double step = 1e-4;
   const Vector alongU = patch.position(u + step, v) - patch.position(u - step, v);
-  const Vector alongV = patch.position(u, std::min(1.0, v + step)) -
-                        patch.position(u, std::max(0.0, v - step));
+  const Vector alongV =
+      patch.position(u, std::min(1.0, v + step)) - patch.position(u, std::max(0.0, v - step));
   return {patch.position(u, v), alongU.cross(alongV).normalized()};
 }
 
@@ -448,9 +444,9 @@ NodeRef<SoSeparator> DemoScene::makeNodes() const {
     auto* texture = new SoTexture2;
     texture->wrapS = SoTexture2::CLAMP;
     texture->wrapT = SoTexture2::CLAMP;
-    texture->image.setValue(SbVec2s(static_cast<short>(patch.textureWidth),
-                                    static_cast<short>(patch.textureHeight)),
-                            3, patch.texture.data());
+    texture->image.setValue(
+        SbVec2s(static_cast<short>(patch.textureWidth), static_cast<short>(patch.textureHeight)), 3,
+        patch.texture.data());
     separator->addChild(texture);
     auto* textureCoordinates = new SoTextureCoordinate2;
     auto* coordinates = new SoCoordinate3;

@@ -75,8 +75,7 @@ CommandLine::Size parseSize(const std::string& text) {
                                              "\", expected WIDTHxHEIGHT in pixels, for example "
                                              "1600x1200");
   }
-  if (size.width < 1 || size.height < 1 || size.width > largestSide ||
-      size.height > largestSide) {
+  if (size.width < 1 || size.height < 1 || size.width > largestSide || size.height > largestSide) {
     throw CLI::ValidationError("--size", "found \"" + text + "\", expected sides from 1 to " +
                                              std::to_string(largestSide) + " pixels");
   }
@@ -114,8 +113,8 @@ CommandLine::Highlight parseHighlight(const std::string& text) {
     highlight.stationName = *name;
     return highlight;
   }
-  throw CLI::ValidationError("--highlight", "found \"" + text +
-                                                "\", expected point:NUMBER or station:NAME");
+  throw CLI::ValidationError("--highlight",
+                             "found \"" + text + "\", expected point:NUMBER or station:NAME");
 }
 
 }  // namespace
@@ -133,10 +132,8 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   app.add_option("PROJECT", commandLine.project, "Folder of a COLMAP model, or the one above it");
   app.add_option("--render", commandLine.renderFile, "Draw into this PNG file, without a window")
       ->type_name("FILE");
-  app.add_option("--size", size, "Size of the picture in pixels [1600x1200]")
-      ->type_name("WxH");
-  app.add_option("--view", view, "iso, top, front, right or station:NAME [iso]")
-      ->type_name("VIEW");
+  app.add_option("--size", size, "Size of the picture in pixels [1600x1200]")->type_name("WxH");
+  app.add_option("--view", view, "iso, top, front, right or station:NAME [iso]")->type_name("VIEW");
   app.add_flag("--image-planes", commandLine.imagePlanes, "Show the photographs in the cameras");
   app.add_flag("--frusta", commandLine.frusta, "Show what each camera saw");
   app.add_flag("--labels", commandLine.labels,
@@ -144,8 +141,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   const CLI::Option* ellipsoidOption =
       app.add_option("--ellipsoids", ellipsoids, "Show error ellipsoids, SCALE times their size")
           ->type_name("SCALE");
-  app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")
-      ->type_name("WHAT");
+  app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")->type_name("WHAT");
   app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
       ->type_name("FILE");
   app.add_flag("--nodes", commandLine.listNodes,

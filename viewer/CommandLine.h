@@ -18,12 +18,12 @@ struct CommandLine {
     std::string stationName;
   };
 
-  std::string project;           ///< empty when only --nodes was asked for
-  std::string renderFile;        ///< empty for no picture
-  std::string writeFile;         ///< empty for no scene file
-  std::optional<Size> size;      ///< absent when --size was not given
+  std::string project;       ///< empty when only --nodes was asked for
+  std::string renderFile;    ///< empty for no picture
+  std::string writeFile;     ///< empty for no scene file
+  std::optional<Size> size;  ///< absent when --size was not given
   View view = View::eIso;
-  std::string viewStation;       ///< for View::eStation
+  std::string viewStation;  ///< for View::eStation
   bool imagePlanes = false;
   bool frusta = false;
   bool labels = false;

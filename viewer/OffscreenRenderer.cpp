@@ -118,9 +118,9 @@ Picture OffscreenRenderer::render(SoNode* scene) {
   glPixelStorei(GL_PACK_ALIGNMENT, 1);
   glReadPixels(0, 0, picture.width, picture.height, GL_RGB, GL_UNSIGNED_BYTE, fromBottom.data());
   for (std::size_t y = 0; y < static_cast<std::size_t>(picture.height); ++y) {
-    const auto row = fromBottom.begin() + static_cast<std::ptrdiff_t>(
-                                              (static_cast<std::size_t>(picture.height) - 1 - y) *
-                                              rowBytes);
+    const auto row =
+        fromBottom.begin() +
+        static_cast<std::ptrdiff_t>((static_cast<std::size_t>(picture.height) - 1 - y) * rowBytes);
     std::copy_n(row, rowBytes, picture.bytes.begin() + static_cast<std::ptrdiff_t>(y * rowBytes));
   }
   return picture;

@@ -61,10 +61,9 @@ bool PhotographCache::redirect(const tarn::CameraStation& station, std::string* 
   const auto size = fs::file_size(original, error);
   if (error) return give_up(original.string() + ": " + error.message());
   const auto changed = fs::last_write_time(original, error).time_since_epoch().count();
-  const fs::path place =
-      fs::path(folder) / hashed(original.string() + '\n' + std::to_string(size) + '\n' +
-                                std::to_string(changed) + '\n' +
-                                std::to_string(resampleFactor(station)));
+  const fs::path place = fs::path(folder) / hashed(original.string() + '\n' + std::to_string(size) +
+                                                   '\n' + std::to_string(changed) + '\n' +
+                                                   std::to_string(resampleFactor(station)));
   const fs::path link = place / original.filename();
   if (fs::is_symlink(link, error)) {
     photograph->SetImageFile(tarn::VPathString(link.string()));

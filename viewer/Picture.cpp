@@ -68,8 +68,8 @@ Picture Picture::read(const std::string& fileName) {
   Picture picture(width, height);
   for (int y = 0; y < height; ++y) {
     // simage gives rows from the bottom up.
-    const unsigned char* row = pixels.get() + static_cast<std::ptrdiff_t>(height - 1 - y) * width *
-                                                  components;
+    const unsigned char* row =
+        pixels.get() + static_cast<std::ptrdiff_t>(height - 1 - y) * width * components;
     for (int x = 0; x < width; ++x) {
       for (int c = 0; c < 3; ++c) {
         picture.bytes[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +

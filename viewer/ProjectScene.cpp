@@ -139,8 +139,8 @@ bool ProjectScene::setView(tarn::CameraStation& station) {
       std::erase(stationNodes, node);
     }
   }
-  currentCamera->focalDistance = static_cast<float>(
-      (extents.GetCentre() - station.GetPosition()).length());
+  currentCamera->focalDistance =
+      static_cast<float>((extents.GetCentre() - station.GetPosition()).length());
   return true;
 }
 
@@ -239,8 +239,8 @@ void ProjectScene::showFrustum(TarnOICameraStationSeparator& node) {
 // What the stations show besides themselves has to fit into the picture, too.
 ViewFraming ProjectScene::framingOfAll() const {
   ViewFraming all = viewFraming;
-  const double planeScale = imagePlaneFactor * static_cast<double>(
-                                                   stationScale->scaleFactor.getValue()[2]);
+  const double planeScale =
+      imagePlaneFactor * static_cast<double>(stationScale->scaleFactor.getValue()[2]);
   for (const TarnOICameraStationSeparator* node : stationNodes) {
     const auto* station = static_cast<tarn::CameraStation*>(node->GetTarnObject());
     if (!station->IsOriented() || !station->GetCamera(1)) continue;
@@ -289,8 +289,7 @@ void ProjectScene::setStationScale() {
     units = 0.0;
     const tarn::VOrdCollect& stations = project.GetCameraStations();
     for (int i = 0; i < stations.size(); ++i) {
-      const tarn::Camera* camera =
-          static_cast<tarn::CameraStation*>(stations.at(i))->GetCamera(1);
+      const tarn::Camera* camera = static_cast<tarn::CameraStation*>(stations.at(i))->GetCamera(1);
       if (!camera) continue;
       double width = 0.0;
       double height = 0.0;

@@ -116,8 +116,8 @@ private:
       tarn::VObject* object = static_cast<TarnOISeparator*>(node)->GetTarnObject();
       if (!object) return {};
       if (object->isA(tarn::CameraStationCls)) {
-        return SceneWriter::legalName(
-            "Station_" + static_cast<tarn::CameraStation*>(object)->GetName().str());
+        return SceneWriter::legalName("Station_" +
+                                      static_cast<tarn::CameraStation*>(object)->GetName().str());
       }
       if (object->isA(tarn::ObjectPointCls)) {
         return SceneWriter::legalName(
@@ -162,11 +162,13 @@ void SceneWriter::write(SoNode* scene, const std::string& fileName) {
 }
 
 std::string SceneWriter::legalName(const std::string& text) {
+  // Fewer than Inventor allows: what every reader of Inventor files agrees on.
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const auto isLetter = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+  };
   std::string name;
-  if (text.empty() || !SbName::isBaseNameStartChar(text.front())) name += '_';
-  for (const char c : text) {
-    const bool legal = static_cast<unsigned char>(c) < 0x80 && SbName::isBaseNameChar(c);
-    name += legal ? c : '_';
-  }
+  if (text.empty() || isDigit(text.front())) name += '_';
+  for (const char c : text) name += isLetter(c) || isDigit(c) ? c : '_';
   return name;
 }

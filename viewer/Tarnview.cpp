@@ -82,8 +82,8 @@ public:
       return window.open("tarnview - " + commandLine.project, scene, commandLine.labels, errors);
     }
     if (commandLine.labels) {
-      scene.showLabels(SbViewportRegion(static_cast<short>(size.width),
-                                        static_cast<short>(size.height)));
+      scene.showLabels(
+          SbViewportRegion(static_cast<short>(size.width), static_cast<short>(size.height)));
     }
     if (!commandLine.writeFile.empty()) {
       report("writing", 0.0);
@@ -112,8 +112,7 @@ private:
     if (commandLine.highlight->kind == CommandLine::HighlightKind::ePoint) {
       highlightPoint = &ProjectFile::findPoint(project, commandLine.highlight->pointNumber);
     } else {
-      highlightStation =
-          &ProjectFile::findStation(project, commandLine.highlight->stationName);
+      highlightStation = &ProjectFile::findStation(project, commandLine.highlight->stationName);
     }
   }
 
@@ -175,7 +174,6 @@ void Tarnview::listNodes(std::ostream& output) {
   }
   for (const TarnOI::ClassEntry& entry : TarnOI::classes()) {
     output << std::left << std::setw(static_cast<int>(nameWidth) + 2) << entry.name
-           << std::setw(static_cast<int>(parentWidth) + 2) << entry.parent << entry.summary
-           << '\n';
+           << std::setw(static_cast<int>(parentWidth) + 2) << entry.parent << entry.summary << '\n';
   }
 }

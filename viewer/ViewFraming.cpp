@@ -15,7 +15,7 @@ namespace {
 
 using Point = tarn::Point3DDouble;
 
-constexpr double air = 1.08;        // room around what is framed
+constexpr double air = 1.08;         // room around what is framed
 constexpr float heightAngle = 0.6F;  // of the perspective view, radians
 
 double dot(const Point& a, const Point& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }

@@ -30,8 +30,8 @@ TEST_F(DemoProjectGLTest, CommittedProjectIsTheOneThatTheProgramMakes) {
   const std::string committed = TARN_SOURCE_DIR "/examples/demo/";
   EXPECT_EQ(content(made.file("sparse/cameras.txt")), content(committed + "sparse/cameras.txt"));
   EXPECT_EQ(content(made.file("sparse/images.txt")), content(committed + "sparse/images.txt"));
-  for (const char* name : {"images/station01.jpg", "images/station04.jpg",
-                           "images/station12.jpg"}) {
+  for (const char* name :
+       {"images/station01.jpg", "images/station04.jpg", "images/station12.jpg"}) {
     const Picture fresh = Picture::read(made.file(name));
     const Picture kept = Picture::read(committed + name);
     ASSERT_EQ(fresh.bytes.size(), kept.bytes.size()) << name;

@@ -35,10 +35,9 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
 }
 
 TEST_F(CommandLineTest, EveryOptionIsTaken) {
-  const CommandLine line =
-      accepted({"p", "--render", "o.png", "--size", "640x480", "--view", "top", "--image-planes",
-                "--frusta", "--labels", "--ellipsoids", "2.5", "--highlight", "point:17",
-                "--write", "o.iv"});
+  const CommandLine line = accepted({"p", "--render", "o.png", "--size", "640x480", "--view", "top",
+                                     "--image-planes", "--frusta", "--labels", "--ellipsoids",
+                                     "2.5", "--highlight", "point:17", "--write", "o.iv"});
   EXPECT_EQ(line.renderFile, "o.png");
   EXPECT_EQ(line.writeFile, "o.iv");
   ASSERT_TRUE(line.size.has_value());

@@ -12,6 +12,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTexture2.h>
 
+#include "host/classes/VPathString.h"
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/ObjectName.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
@@ -108,7 +109,7 @@ TEST_F(SceneWriterTest, OwnPointSymbolsBecomeInventorsNearest) {
 TEST_F(SceneWriterTest, NamesAreLegalInInventor) {
   EXPECT_EQ(SceneWriter::legalName("DSC_0437.JPG"), "DSC_0437_JPG");
   EXPECT_EQ(SceneWriter::legalName("7 a{b}\"'+\\.x"), "_7_a_b______x");
-  EXPECT_EQ(SceneWriter::legalName("\xC3\xA4.jpg"), "____jpg");
+  EXPECT_EQ(SceneWriter::legalName("\xC3\xA4.jpg"), "___jpg");
   EXPECT_EQ(SceneWriter::legalName(""), "_");
 }
 

@@ -24,13 +24,21 @@ protected:
   };
 
   Result run(const std::string& program, const std::string& arguments) const {
-    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM XDG_CACHE_HOME='" +
-                                folder.file("cache") + "' '" + program + "' " + arguments + " >'" +
-                                folder.file("output") + "' 2>'" + folder.file("errors") + "'";
+    std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM XDG_CACHE_HOME=";
+    command += quoted("cache") + " '" + program + "' " + arguments;
+    command += " >" + quoted("output") + " 2>" + quoted("errors");
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("output"), content("errors")};
   }
   Result tarnview(const std::string& arguments) const { return run(TARN_VIEW_PROGRAM, arguments); }
+
+  // A file of the test's folder as a word of the command line.
+  std::string quoted(const std::string& name) const {
+    std::string word(1, '\'');
+    word += folder.file(name);
+    word += '\'';
+    return word;
+  }
 
   std::string content(const std::string& name) const {
     std::ifstream stream(folder.file(name));
@@ -68,7 +76,7 @@ TEST_F(TarnviewGLTest, HelpAndVersionGoToStandardOutput) {
 }
 
 TEST_F(TarnviewGLTest, PictureHasTheSizeAskedFor) {
-  const Result result = tarnview(demo + " --size 320x200 --render '" + folder.file("a.png") + "'");
+  const Result result = tarnview(demo + " --size 320x200 --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 0) << result.errors;
   EXPECT_EQ(result.output, "");
   EXPECT_EQ(result.errors, "");
@@ -78,8 +86,7 @@ TEST_F(TarnviewGLTest, PictureHasTheSizeAskedFor) {
 }
 
 TEST_F(TarnviewGLTest, ViewThroughAStationHasThePhotographsProportions) {
-  const Result result =
-      tarnview(demo + " --view station:station03 --render '" + folder.file("a.png") + "'");
+  const Result result = tarnview(demo + " --view station:station03 --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 0) << result.errors;
   const Picture picture = Picture::read(folder.file("a.png"));
   EXPECT_EQ(picture.width, 1600);
@@ -96,7 +103,7 @@ TEST_F(TarnviewGLTest, WrongCallsEndWithTwo) {
 }
 
 TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
-  const std::string render = " --render '" + folder.file("a.png") + "'";
+  const std::string render = " --render " + quoted("a.png");
   for (const char* wrong : {" --view station:nobody", " --highlight station:nobody"}) {
     const Result result = tarnview(demo + render + wrong);
     EXPECT_EQ(result.status, 2) << wrong;
@@ -109,14 +116,14 @@ TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
 }
 
 TEST_F(TarnviewGLTest, RefusedProjectEndsWithOne) {
-  const Result result = tarnview("/nowhere --render '" + folder.file("a.png") + "'");
+  const Result result = tarnview("/nowhere --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.errors,
             "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model\n");
 }
 
 TEST_F(TarnviewGLTest, PictureThatCannotBeWrittenEndsWithOne) {
-  const Result result = tarnview(demo + " --size 40x30 --render '" + folder.file("no/a.png") + "'");
+  const Result result = tarnview(demo + " --size 40x30 --render " + quoted("no/a.png"));
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.errors, HasSubstr(folder.file("no/a.png")));
 }
@@ -131,15 +138,14 @@ TEST_F(TarnviewGLTest, WindowWithoutDisplayIsToldAboutPictures) {
 TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
   const auto files = [] {
     int count = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::recursive_directory_iterator(
-             TARN_SOURCE_DIR "/examples/demo")) {
+    for ([[maybe_unused]] const auto& entry :
+         std::filesystem::recursive_directory_iterator(TARN_SOURCE_DIR "/examples/demo")) {
       ++count;
     }
     return count;
   };
   const int before = files();
-  const Result result = tarnview(demo + " --image-planes --size 80x60 --render '" +
-                                 folder.file("a.png") + "'");
+  const Result result = tarnview(demo + " --image-planes --size 80x60 --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 0) << result.errors;
   EXPECT_EQ(files(), before);
   EXPECT_TRUE(std::filesystem::exists(folder.file("cache/tarnview/photographs")));
@@ -151,14 +157,13 @@ TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
 TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
   for (const char* options : {"--image-planes --frusta", "--labels --highlight station:station08",
                               "--ellipsoids 30 --view top"}) {
-    const Result written =
-        tarnview(demo + " --size 400x300 --render '" + folder.file("ours.png") + "' --write '" +
-                 folder.file("scene.iv") + "' " + options);
+    const Result written = tarnview(demo + " --size 400x300 --render " + quoted("ours.png") +
+                                    " --write " + quoted("scene.iv") + " " + options);
     ASSERT_EQ(written.status, 0) << written.errors;
     EXPECT_THAT(content("scene.iv"), Not(HasSubstr("Tarn")));
     EXPECT_THAT(content("scene.iv"), HasSubstr("DEF Station_station08_jpg Separator"));
-    const Result read = run(TARN_DRAW_PROGRAM, "'" + folder.file("scene.iv") + "' '" +
-                                                   folder.file("theirs.png") + "' 400 300");
+    const Result read =
+        run(TARN_DRAW_PROGRAM, quoted("scene.iv") + " " + quoted("theirs.png") + " 400 300");
     ASSERT_EQ(read.status, 0) << read.errors;
     EXPECT_EQ(read.errors, "");
     const Picture ours = Picture::read(folder.file("ours.png"));
@@ -166,7 +171,8 @@ TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
     ASSERT_EQ(ours.bytes.size(), theirs.bytes.size());
     int different = 0;
     for (std::size_t i = 0; i < ours.bytes.size(); ++i) {
-      different += std::abs(static_cast<int>(ours.bytes[i]) - static_cast<int>(theirs.bytes[i])) > 2;
+      different +=
+          std::abs(static_cast<int>(ours.bytes[i]) - static_cast<int>(theirs.bytes[i])) > 2;
     }
     EXPECT_LT(different, static_cast<int>(ours.bytes.size()) / 2000) << options;
   }

@@ -43,8 +43,7 @@ private:
       case QEvent::MouseButtonRelease: {
         const auto& mouse = static_cast<const QMouseEvent&>(event);
         // A drag turns the scene; only a click that stays where it is means an object.
-        if (mouse.button() == Qt::LeftButton &&
-            (mouse.pos() - pressedAt).manhattanLength() <= 3) {
+        if (mouse.button() == Qt::LeftButton && (mouse.pos() - pressedAt).manhattanLength() <= 3) {
           click(mouse.pos());
         }
         return false;

@@ -16,6 +16,5 @@ public:
 
   /// Shows the scene, which holds a camera, until the window is closed. Returns the exit
   /// status.
-  static int open(const std::string& title, ProjectScene& scene, bool labels,
-                  std::ostream& errors);
+  static int open(const std::string& title, ProjectScene& scene, bool labels, std::ostream& errors);
 };
