@@ -1,0 +1,147 @@
+#include "host/model/Project.h"
+
+#include <vector>
+
+#include "tests/support/TarnTest.h"
+
+using tarn::BasicAffine;
+using tarn::Extents;
+using tarn::MatrixDouble;
+using tarn::Point3DDouble;
+using tarn::Point3DRandom;
+using tarn::Project;
+
+class ProjectTest : public TarnTest {
+protected:
+  static void place(tarn::ThreeDPoint& point, const Point3DDouble& position, int processed) {
+    point.SetApproximation(Point3DRandom(position));
+    point.SetProcessed(processed);
+  }
+
+  /// A project with something of every kind that has a position, and some that have none.
+  void fill() {
+    place(project.AddObjectPoint(), {1.0, 2.0, 3.0}, 1);
+    place(project.AddObjectPoint(), {4.0, -5.0, 6.0}, 0);
+    project.AddObjectPoint();
+    project.AddImportedPoint().SetStoredPosition(Point3DRandom(Point3DDouble{0.0, 0.0, 20.0}));
+    tarn::ImportedPoint& inactive = project.AddImportedPoint();
+    inactive.SetStoredPosition(Point3DRandom(Point3DDouble{0.0, 0.0, 900.0}));
+    inactive.SetActive(0);
+    project.AddCameraStation().SetOrientation({-30.0, 0.0, 5.0}, MatrixDouble::Identity(3));
+    tarn::CameraStation& loose = project.AddCameraStation();
+    loose.SetOrientation({-900.0, 0.0, 5.0}, MatrixDouble::Identity(3));
+    loose.SetOriented(0);
+  }
+
+  static void expectBox(const Extents& extents, const Point3DDouble& low,
+                        const Point3DDouble& high) {
+    Point3DDouble minimum;
+    Point3DDouble maximum;
+    ASSERT_TRUE(extents.GetExtents(minimum, maximum));
+    EXPECT_EQ(minimum, low);
+    EXPECT_EQ(maximum, high);
+  }
+
+  Project project;
+};
+
+TEST_F(ProjectTest, ANewProjectIsEmpty) {
+  EXPECT_EQ(project.GetCameras().size(), 0);
+  EXPECT_EQ(project.GetCameraStations().size(), 0);
+  EXPECT_EQ(project.GetObjectPoints().size(), 0);
+  EXPECT_EQ(project.GetImportedPoints().size(), 0);
+  EXPECT_EQ(project.GetPhotoCollection()->GetPhotographs().size(), 0);
+  EXPECT_EQ(project.GetAffineTransform(1), nullptr);
+  EXPECT_TRUE(project.GetProjectExtents(nullptr, 1, 0).IsEmpty());
+}
+
+TEST_F(ProjectTest, ListsObjectsInTheOrderOfAddingAndKeepsThemInPlace) {
+  std::vector<tarn::ObjectPoint*> points;
+  for (int i = 0; i < 1000; ++i) points.push_back(&project.AddObjectPoint());
+  for (int i = 0; i < 1000; ++i) {
+    ASSERT_EQ(project.GetObjectPoints().at(i), points[static_cast<std::size_t>(i)]);
+  }
+  tarn::Camera& camera = project.AddCamera();
+  EXPECT_EQ(project.GetCameras().at(0), &camera);
+  EXPECT_EQ(&project.photographs(), project.GetPhotoCollection());
+}
+
+TEST_F(ProjectTest, FindsAnObjectPointByNumberAndAStationByName) {
+  project.AddObjectPoint().SetNumber(1);
+  tarn::ObjectPoint& point = project.AddObjectPoint();
+  point.SetNumber(123456789012L);
+  project.AddCameraStation().SetName("a.jpg");
+  tarn::CameraStation& station = project.AddCameraStation();
+  station.SetName("left eye/b.jpg");
+  EXPECT_EQ(project.FindObjectPoint(123456789012L), &point);
+  EXPECT_EQ(project.FindObjectPoint(2), nullptr);
+  EXPECT_EQ(project.FindCameraStation("left eye/b.jpg"), &station);
+  EXPECT_EQ(project.FindCameraStation("b.jpg"), nullptr);
+}
+
+TEST_F(ProjectTest, ExtentsHoldPointsAndOrientedStations) {
+  fill();
+  expectBox(project.GetProjectExtents(nullptr, 1, 0), {-30.0, -5.0, 3.0}, {4.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, ExtentsWithoutStationsHoldPointsOnly) {
+  fill();
+  expectBox(project.GetProjectExtents(nullptr, 0, 0), {0.0, -5.0, 3.0}, {4.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, ExtentsOfProcessedPointsLeaveOutTheOthers) {
+  fill();
+  expectBox(project.GetProjectExtents(nullptr, 0, 1), {0.0, 0.0, 3.0}, {1.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, ExtentsGoThroughTheAffineInItsDirection) {
+  fill();
+  BasicAffine affine;
+  affine.SetScale(2.0);
+  affine.SetTranslation({}, {100.0, 200.0, 300.0});
+  expectBox(project.GetProjectExtents(&affine, 0, 0), {100.0, 190.0, 306.0}, {108.0, 204.0, 340.0});
+  affine.DoInversion(1);
+  expectBox(project.GetProjectExtents(&affine, 0, 0), {-50.0, -102.5, -148.5},
+            {-48.0, -99.0, -140.0});
+}
+
+TEST_F(ProjectTest, AnAffineThatCannotBeSetUpIsLeftOut) {
+  fill();
+  BasicAffine affine;
+  affine.SetTranslation({}, {100.0, 200.0, 300.0});
+  affine.SetScale(0.0);
+  expectBox(project.GetProjectExtents(&affine, 0, 0), {0.0, -5.0, 3.0}, {4.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, TheOtherFormGrowsTheExtentsGiven) {
+  fill();
+  Extents extents;
+  extents.Add({50.0, 0.0, 0.0});
+  project.GetProjectExtents(extents, nullptr, 0, 1);
+  expectBox(extents, {0.0, 0.0, 0.0}, {50.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, GivesItsAffineTransform) {
+  BasicAffine affine;
+  project.SetAffineTransform(&affine);
+  EXPECT_EQ(project.GetAffineTransform(1), &affine);
+  project.SetAffineTransform(nullptr);
+  EXPECT_EQ(project.GetAffineTransform(0), nullptr);
+}
+
+TEST_F(ProjectTest, ADerivedProjectAnswersFromItsOwnCollections) {
+  class OwnPoints : public Project {
+  public:
+    OwnPoints() {
+      own.SetNumber(77);
+      place(own, {1.0, 2.0, 3.0}, 1);
+      points.add(&own);
+    }
+    const tarn::VOrdCollect& GetObjectPoints() const override { return points; }
+    tarn::ObjectPoint own;
+    tarn::VOrdCollect points;
+  };
+  const OwnPoints derived;
+  EXPECT_EQ(derived.FindObjectPoint(77), &derived.own);
+  expectBox(derived.GetProjectExtents(nullptr, 0, 1), {1.0, 2.0, 3.0}, {1.0, 2.0, 3.0});
+}
