@@ -306,7 +306,8 @@ void TarnOICameraStationSeparator::buildFrustum() {
   frustumSwitch = makeNode<SoSwitch>();
   frustumSwitch->whichChild = frustumWhichChild;
   frustumCoords = makeNode<SoCoordinate3>();
-  const std::array<SbVec3f, 16> unshaped{};
+  std::array<SbVec3f, 16> unshaped;
+  unshaped.fill(SbVec3f(0.0F, 0.0F, 0.0F));
   frustumCoords->point.setValues(0, static_cast<int>(unshaped.size()), unshaped.data());
   frustumLines = makeNode<SoLineSet>();
   const std::array<int32_t, 8> segments = {2, 2, 2, 2, 2, 2, 2, 2};

@@ -42,11 +42,12 @@ Difference differenceOf(const Picture& drawn, const Picture& accepted) {
 
 }  // namespace
 
-void expectMatch(const Picture& picture, const std::string& name, const Tolerance& tolerance) {
-  const std::string file = std::string(TARN_SOURCE_DIR "/tests/baselines/") + name + ".png";
+void expectMatch(const Picture& picture, const std::string& name, const Tolerance& tolerance,
+                 const std::string& folder) {
+  const std::string file = folder + "/" + name + ".png";
   const char* accept = std::getenv("TARN_ACCEPT_BASELINES");
   if (accept && std::strcmp(accept, "1") == 0) {
-    std::filesystem::create_directories(TARN_SOURCE_DIR "/tests/baselines");
+    std::filesystem::create_directories(folder);
     picture.writePng(file);
     return;
   }

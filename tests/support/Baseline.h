@@ -21,6 +21,8 @@ struct Tolerance {
 };
 
 /// Fails the current test unless `picture` is the accepted one of that name.
-void expectMatch(const Picture& picture, const std::string& name, const Tolerance& tolerance);
+/// @param folder holds the accepted pictures
+void expectMatch(const Picture& picture, const std::string& name, const Tolerance& tolerance,
+                 const std::string& folder = TARN_SOURCE_DIR "/tests/baselines");
 
 }  // namespace Baseline
