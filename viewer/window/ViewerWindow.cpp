@@ -12,6 +12,7 @@
 #include <Inventor/nodes/SoCamera.h>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWidget>
 
 #include "host/model/CameraStation.h"
@@ -144,7 +145,12 @@ int ViewerWindow::open(const std::string& title, ProjectScene& scene, bool label
     viewer.setEventCallback(&Controller::handle, &controller);
     viewer.show();
     SoQt::show(window);
-    if (labels) scene.showLabels(viewer.getViewportRegion());
+    // The first frame is drawn before the window has its size and stays until something
+    // changes; the labels' places depend on the size, too.
+    QTimer::singleShot(200, window, [&viewer, &scene, labels] {
+      if (labels) scene.showLabels(viewer.getViewportRegion());
+      viewer.scheduleRedraw();
+    });
     SoQt::mainLoop();
     viewer.setSceneGraph(nullptr);
   }

@@ -1,0 +1,113 @@
+#include <cstdlib>
+
+#include "host/model/Project.h"
+#include "tests/support/Baseline.h"
+#include "tests/support/TarnTest.h"
+#include "viewer/OffscreenRenderer.h"
+#include "viewer/ProjectFile.h"
+#include "viewer/ProjectScene.h"
+
+using View = CommandLine::View;
+
+/// The demo project's views against accepted pictures. Each test's name is its baseline's.
+class ProjectSceneGLTest : public TarnTest {
+protected:
+  ProjectSceneGLTest() {
+    ProjectFile::open(TARN_SOURCE_DIR "/examples/demo", project, {});
+    setenv("XDG_CACHE_HOME", folder.path().c_str(), 1);
+  }
+  ~ProjectSceneGLTest() override { unsetenv("XDG_CACHE_HOME"); }
+
+  tarn::CameraStation& station(const char* name) { return ProjectFile::findStation(project, name); }
+
+  void expectBaseline(ProjectScene& scene) {
+    OffscreenRenderer renderer(width, height);
+    renderer.setBackgroundColor(ProjectScene::backgroundColor());
+    const std::string name = std::string("ProjectScene-") +
+                             ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    // Points and lines of one pixel more or less at their edges, where another version of
+    // the software renderer rounds differently.
+    Baseline::expectMatch(renderer.render(scene.root()), name, {255, 0.4});
+  }
+
+  static constexpr int width = 400;
+  static constexpr int height = 300;
+  static constexpr double aspect = 4.0 / 3.0;
+
+  TemporaryFolder folder;
+  tarn::Project project;
+};
+
+TEST_F(ProjectSceneGLTest, Iso) {
+  ProjectScene scene(project);
+  scene.setView(View::eIso, aspect);
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, TopWithFrusta) {
+  ProjectScene::Options options;
+  options.frusta = true;
+  ProjectScene scene(project, options);
+  scene.setView(View::eTop, aspect);
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, FrontWithImagePlanes) {
+  ProjectScene::Options options;
+  options.imagePlanes = true;
+  ProjectScene scene(project, options);
+  EXPECT_TRUE(scene.problems().empty());
+  scene.setView(View::eFront, aspect);
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, RightWithLabels) {
+  ProjectScene scene(project);
+  scene.setView(View::eRight, aspect);
+  scene.showLabels(SbViewportRegion(width, height));
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, EllipsoidsThroughAStation) {
+  ProjectScene::Options options;
+  options.ellipsoidScale = 30.0;
+  ProjectScene scene(project, options);
+  ASSERT_TRUE(scene.setView(station("station08")));
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, HighlightedStation) {
+  ProjectScene scene(project);
+  scene.highlight(station("station06"));
+  scene.setView(View::eIso, aspect);
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, HighlightedPoint) {
+  ProjectScene scene(project);
+  scene.highlight(ProjectFile::findPoint(project, 30));
+  scene.setView(View::eIso, aspect);
+  expectBaseline(scene);
+}
+
+// Through the camera turned on its side: the photograph fills the view and stands as the
+// camera saw it, which the photograph's own file says.
+TEST_F(ProjectSceneGLTest, ImagePlaneShowsThePhotographAsTheStationSawIt) {
+  const Picture photograph = Picture::read(TARN_SOURCE_DIR "/examples/demo/images/station04.jpg");
+  ProjectScene::Options options;
+  options.imagePlanes = true;
+  ProjectScene scene(project, options);
+  ASSERT_TRUE(scene.setView(station("station04")));
+  OffscreenRenderer renderer(width, height);
+  const Picture picture = renderer.render(scene.root());
+  double sum = 0.0;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      for (int c = 0; c < 3; ++c) {
+        sum += std::abs(picture.at(x, y)[c] - photograph.at(2 * x, 2 * y)[c]);
+      }
+    }
+  }
+  // Upside down or mirrored it is above 30; points are drawn over it, and it is resampled.
+  EXPECT_LT(sum / (3.0 * width * height), 9.0);
+}
