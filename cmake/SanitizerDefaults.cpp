@@ -15,7 +15,8 @@ SANITIZER_DEFAULT __ubsan_default_options() { return "print_stacktrace=1"; }
 // Leaks of other libraries, one line each with its reason. Nothing of this project belongs
 // here.
 SANITIZER_DEFAULT __lsan_default_suppressions() {
-  return "leak:cc_dl_open\n";  // Coin keeps the record of a library that it loaded
+  return "leak:cc_dl_open\n"           // Coin keeps the record of a library that it loaded
+         "leak:cc_glglue_instance\n";  // and forgets that of a context that has ended
 }
 
 // Libraries stay loaded: what an OpenGL driver keeps for the life of the program would else

@@ -26,5 +26,6 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "tarn_make_demo: %s\n", error.what());
     return 1;
   }
+  SoDB::finish();
   return 0;
 }

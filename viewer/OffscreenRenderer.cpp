@@ -13,6 +13,7 @@
 #include <Inventor/C/glue/gl.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/elements/SoGLCacheContextElement.h>
+#include <Inventor/misc/SoContextHandler.h>
 
 struct OffscreenRenderer::Framebuffer {
   GLuint frame = 0;
@@ -95,7 +96,11 @@ OffscreenRenderer::OffscreenRenderer(int width, int height) {
   renderAction->setTransparencyType(SoGLRenderAction::SORTED_OBJECT_BLEND);
 }
 
-OffscreenRenderer::~OffscreenRenderer() { context.makeCurrent(); }
+OffscreenRenderer::~OffscreenRenderer() {
+  context.makeCurrent();
+  // Coin gives up what it keeps for this context: textures and display lists.
+  SoContextHandler::destructingContext(renderAction->getCacheContext());
+}
 
 void OffscreenRenderer::draw(SoNode* scene) {
   context.makeCurrent();

@@ -27,11 +27,26 @@ namespace {
 
 using View = CommandLine::View;
 
-void initialiseCoin() {
-  SoDB::init();
-  SoInteraction::init();
-  TarnOI::initClasses();
-}
+/// Coin and the classes of the library, for the time of one call. A window's toolkit ends
+/// Coin on its own.
+class Coin {
+public:
+  explicit Coin(bool endsHere) : endsHere(endsHere) {
+    SoDB::init();
+    SoInteraction::init();
+    TarnOI::initClasses();
+  }
+  ~Coin() {
+    if (!endsHere) return;
+    TarnOI::cleanUpClasses();
+    SoDB::finish();
+  }
+  Coin(const Coin&) = delete;
+  Coin& operator=(const Coin&) = delete;
+
+private:
+  bool endsHere;
+};
 
 // The photograph's proportions, its longer side as long as the usual picture's.
 CommandLine::Size sizeFor(const tarn::CameraStation& station) {
@@ -141,7 +156,7 @@ int Tarnview::run(const std::vector<std::string>& arguments, std::ostream& outpu
   } else {
     HeadlessContext::prepareEnvironment();
   }
-  initialiseCoin();
+  const Coin coin(!commandLine.wantsWindow());
   if (commandLine.listNodes) {
     listNodes(output);
     if (commandLine.project.empty()) return 0;

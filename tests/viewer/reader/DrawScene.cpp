@@ -11,14 +11,20 @@
 #include "viewer/HeadlessContext.h"
 #include "viewer/OffscreenRenderer.h"
 
+namespace {
+// Null for a file that cannot be read.
+SoSeparator* read(const char* fileName) {
+  SoInput input;
+  return input.openFile(fileName) ? SoDB::readAll(&input) : nullptr;
+}
+}  // namespace
+
 int main(int argc, char** argv) {
   if (argc != 5) return 2;
   HeadlessContext::prepareEnvironment();
   SoDB::init();
   SoInteraction::init();
-  SoInput input;
-  if (!input.openFile(argv[1])) return 1;
-  SoSeparator* scene = SoDB::readAll(&input);
+  SoSeparator* scene = read(argv[1]);
   if (!scene) return 1;
   scene->ref();
   try {
@@ -30,5 +36,6 @@ int main(int argc, char** argv) {
     return 1;
   }
   scene->unref();
+  SoDB::finish();
   return 0;
 }
