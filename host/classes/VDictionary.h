@@ -1,6 +1,8 @@
 #pragma once
 
-#include <unordered_map>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 #include "host/classes/VObject.h"
 
@@ -23,7 +25,7 @@ public:
   /// The value under `key`; null when there is none.
   virtual void* atKey(VObject* key) const;
 
-  virtual int size() const { return static_cast<int>(_entries.size()); }
+  virtual int size() const { return static_cast<int>(_count); }
 
   /// Makes room for `count` entries at once.
   void reserve(int count);
@@ -31,13 +33,23 @@ public:
   VClass* iam() const override { return &VDictionaryCls; }
 
 private:
-  struct KeyHash {
-    std::size_t operator()(const VObject* key) const { return key->hash(); }
+  // One table without links: a look-up among a hundred thousand keys waits for memory
+  // once, where a map of nodes waits twice. An entry stands at its hash's place or as near
+  // behind it as there was room (linear probing: Knuth, The Art of Computer Programming,
+  // vol. 3, 6.4, algorithms L and R).
+  struct Entry {
+    VObject* key = nullptr;  // null: free
+    void* value = nullptr;
+    std::uint64_t hash = 0;
   };
-  struct KeyEqual {
-    bool operator()(const VObject* a, const VObject* b) const { return a == b || a->isEqual(b); }
-  };
-  std::unordered_map<VObject*, void*, KeyHash, KeyEqual> _entries;
+
+  std::size_t home(std::uint64_t hash) const;
+  std::size_t next(std::size_t place) const { return (place + 1) & (_entries.size() - 1); }
+  std::size_t find(const VObject* key, std::uint64_t hash) const;
+  void resize(std::size_t places);
+
+  std::vector<Entry> _entries;  // as many as a power of two, or none
+  std::size_t _count = 0;
 };
 
 }  // namespace tarn
