@@ -19,6 +19,7 @@ constexpr const char* sourceFile = "TarnOISearchAction";
 SoEnabledElementsList* TarnOISearchAction::enabledElements = nullptr;
 SoActionMethodList* TarnOISearchAction::methods = nullptr;
 SoType TarnOISearchAction::classTypeId{};
+unsigned int TarnOISearchAction::version = 1;
 
 void TarnOISearchAction::initClass() {
   if (!TARNOI_ASSERT(TarnOISearchAction::getClassTypeId() == SoType::badType(),
@@ -32,6 +33,7 @@ void TarnOISearchAction::initClass() {
   classTypeId = SoType::createType(SoSearchAction::getClassTypeId(), "TarnOISearchAction");
   enabledElements = new SoEnabledElementsList(SoSearchAction::getClassEnabledElements());
   methods = new SoActionMethodList(SoSearchAction::getClassActionMethods());
+  ++version;
   cc_coin_atexit(atexit_cleanup);
 }
 
@@ -53,6 +55,7 @@ SoType TarnOISearchAction::getTypeId() const { return classTypeId; }
 void TarnOISearchAction::addMethod(SoType nodeType, SoActionMethod method) {
   if (!TARNOI_ASSERT(methods, "TarnOISearchAction::methods", sourceFile)) return;
   methods->addMethod(nodeType, method);
+  ++version;
 }
 
 void TarnOISearchAction::enableElement(SoType elementType, int stackIndex) {

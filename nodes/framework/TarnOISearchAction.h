@@ -49,6 +49,10 @@ public:
   /// transforms need no visit.
   static bool mayMatch(const SoNode& node);
 
+  /// Changes, and is never 0, whenever answers of mayMatch may: a traversal method was added,
+  /// or the class registered anew.
+  static unsigned int methodsVersion() { return version; }
+
   /// Adds a copy of the current path; returns whether the search is at its end.
   bool addCurrentPath();
 
@@ -57,6 +61,7 @@ private:
   static SoEnabledElementsList* enabledElements;
   static SoActionMethodList* methods;
   static SoType classTypeId;
+  static unsigned int version;
 
   tarn::VObject* tarnObject = nullptr;
 };

@@ -30,8 +30,8 @@ namespace {
 
 SbMatrix translation(const tarn::Point3DDouble& by) {
   SbMatrix result;
-  result.setTranslate(SbVec3f(static_cast<float>(by.x), static_cast<float>(by.y),
-                              static_cast<float>(by.z)));
+  result.setTranslate(
+      SbVec3f(static_cast<float>(by.x), static_cast<float>(by.y), static_cast<float>(by.z)));
   return result;
 }
 
@@ -124,8 +124,9 @@ void TarnOISeparator::Highlight(SoMaterial* material, int on) {
   if (findChild(material) != -1) return;
 
   const SoType withPriority = TarnOIMaterialWithPriority::getClassTypeId();
-  const auto* prioritised =
-      material->isOfType(withPriority) ? static_cast<TarnOIMaterialWithPriority*>(material) : nullptr;
+  const auto* prioritised = material->isOfType(withPriority)
+                                ? static_cast<TarnOIMaterialWithPriority*>(material)
+                                : nullptr;
   const auto goesAfter = [&](SoNode* child) {
     if (prioritised && child->isOfType(withPriority)) {
       return static_cast<TarnOIMaterialWithPriority*>(child)->GetPriority() <
@@ -192,6 +193,11 @@ void TarnOISeparator::search(SoSearchAction* action) {
   SoSeparator::search(action);
 }
 
+void TarnOISeparator::notify(SoNotList* list) {
+  noMatchBelow = 0;
+  SoSeparator::notify(list);
+}
+
 void TarnOISeparator::enableElements(const char* className) {
   struct Element {
     SoType type;
@@ -236,10 +242,15 @@ bool TarnOISeparator::isInvisible(SoAction* action) const {
          SoDrawStyleElement::get(state) == SoDrawStyleElement::INVISIBLE;
 }
 
-bool TarnOISeparator::childrenMayMatch() const {
+bool TarnOISeparator::childrenMayMatch() {
+  // Remembered, because among a hundred thousand nodes the time goes into fetching their
+  // children from memory.
+  const unsigned int current = TarnOISearchAction::methodsVersion();
+  if (noMatchBelow == current) return false;
   const int count = children->getLength();
   for (int i = 0; i < count; ++i) {
     if (TarnOISearchAction::mayMatch(*(*children)[i])) return true;
   }
+  noMatchBelow = current;
   return false;
 }

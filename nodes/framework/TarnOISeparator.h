@@ -59,6 +59,7 @@ public:
   void pick(SoPickAction* action) override;
   void rayPick(SoRayPickAction* action) override;
   void search(SoSearchAction* action) override;
+  void notify(SoNotList* list) override;
 
 protected:
   TarnOISeparator();
@@ -96,13 +97,17 @@ private:
   static void putEntry(tarn::VDictionary* dict, tarn::VObject* key, SoNode* node);
   static void removeEntry(tarn::VDictionary* dict, tarn::VObject* key);
   bool isInvisible(SoAction* action) const;
-  bool childrenMayMatch() const;
+  bool childrenMayMatch();
+
+  // The search action's methodsVersion for which no child can answer for a model object; 0
+  // while that is not known, and again whenever the children change.
+  unsigned int noMatchBelow = 0;
 };
 
 /// The definition of initClass of a class derived from TarnOISeparator.
-#define TARNOI_SEPARATOR_INIT_CLASS(Class)  \
-  void Class::initClass() {                 \
+#define TARNOI_SEPARATOR_INIT_CLASS(Class)     \
+  void Class::initClass() {                    \
     registration.init(&Class::atexit_cleanup); \
-    enableElements(#Class);                 \
-  }                                         \
+    enableElements(#Class);                    \
+  }                                            \
   static_assert(true)
