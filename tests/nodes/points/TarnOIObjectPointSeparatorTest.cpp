@@ -13,8 +13,10 @@
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/ImportedPoint.h"
 #include "host/model/MarkedPoint.h"
+#include "host/model/Material.h"
 #include "host/model/ObjectPoint.h"
 #include "host/model/SurfacePoint.h"
+#include "nodes/framework/TarnOIMaterial.h"
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOIText2.h"
@@ -954,4 +956,24 @@ TEST_F(TarnOIObjectPointSeparatorTest, ASearchForThePointFindsItsNode) {
   search.SetTarnObject(&other);
   search.apply(root.get());
   EXPECT_EQ(search.getPath(), nullptr);
+}
+
+TEST_F(TarnOIObjectPointSeparatorTest, ASearchSeesAMaterialThatWasAddedAfterAnEarlierSearch) {
+  tarn::Material hostMaterial;
+  node->SetObjectPoint(&point, &dictionary, 1, 0);
+  const auto found = [&] {
+    TarnOISearchAction search;
+    search.SetTarnObject(&hostMaterial);
+    search.apply(node.get());
+    return search.getPath() != nullptr;
+  };
+  EXPECT_FALSE(found());
+  auto material = makeNode<TarnOIMaterial>();
+  material->SetMaterial(&hostMaterial);
+  node->enableNotify(FALSE);  // as a host does around many changes
+  node->Highlight(material.get(), 1);
+  node->enableNotify(TRUE);
+  EXPECT_TRUE(found());
+  node->Highlight(material.get(), 0);
+  EXPECT_FALSE(found());
 }
