@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <sstream>
 #include <string_view>
 
@@ -121,16 +120,55 @@ std::string codeOf(const std::string& content) {
   return code;
 }
 
+std::string_view withoutBlanksAhead(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+}
+
 // The names between quotes or angle brackets of all include lines, in order.
 std::vector<std::string> includesOf(const std::string& content) {
-  static const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
   std::vector<std::string> names;
   std::istringstream lines(content);
   for (std::string line; std::getline(lines, line);) {
-    std::smatch match;
-    if (std::regex_search(line, match, include)) names.push_back(match[2]);
+    std::string_view rest = withoutBlanksAhead(line);
+    if (!rest.starts_with('#')) continue;
+    rest = withoutBlanksAhead(rest.substr(1));
+    if (!rest.starts_with("include")) continue;
+    const auto begin = rest.find_first_of("<\"");
+    const auto end = rest.find_last_of(">\"");
+    if (begin != std::string_view::npos && end > begin) {
+      names.emplace_back(rest.substr(begin + 1, end - begin - 1));
+    }
   }
   return names;
+}
+
+struct Definition {
+  std::string name;
+  bool exported;
+};
+
+// The classes and structs that the code defines: '{' or ':' comes ahead of any ';'.
+std::vector<Definition> definitionsIn(const std::string& code) {
+  std::vector<Definition> definitions;
+  for (std::size_t at = 0; at < code.size(); at = code.find('\n', at)) {
+    if (code[at] == '\n') ++at;
+    std::istringstream words(code.substr(at, 400));
+    std::string keyword;
+    std::string name;
+    words >> keyword >> name;
+    if (keyword != "class" && keyword != "struct") continue;
+    const bool exported =
+        name.ends_with("_EXPORT") || name.ends_with("_DLL") || name.ends_with("_API");
+    if (exported) words >> name;
+    name = name.substr(0, name.find_first_of(":{;"));
+    const auto end = code.find_first_of(":{;", at);
+    if (end == std::string::npos || code[end] == ';' || name.empty()) continue;
+    // A keyword that begins this line, not a later one.
+    if (code.find(keyword, at) > code.find('\n', at)) continue;
+    definitions.push_back({name, exported});
+  }
+  return definitions;
 }
 
 std::string withoutUnderscores(std::string_view text) {
@@ -174,17 +212,12 @@ std::vector<std::string> SourceLayout::findings(const std::string& path, const s
   }
 
   const std::string code = codeOf(content);
-  // Definitions only: a name followed by '{' or ':', not by ';'.
-  static const std::regex definition(
-      R"((?:^|\n)\s*(class|struct)\s+(?:([A-Z][A-Z_]*_(?:EXPORT|DLL|API))\s+)?(\w+)\s*(?:final\s*)?[:{])");
   bool definesAny = false;
   bool definesStem = false;
-  for (std::sregex_iterator match(code.begin(), code.end(), definition), end; match != end;
-       ++match) {
-    const std::string name = (*match)[3];
+  for (const auto& [name, exported] : definitionsIn(code)) {
     definesAny = true;
     if (name == stem) definesStem = true;
-    if ((*match)[2].matched && name != stem) {
+    if (exported && name != stem) {
       found.push_back(path + " defines the class " + name + ", which belongs into " + name + ".h");
     }
   }
