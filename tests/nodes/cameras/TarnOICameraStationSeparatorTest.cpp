@@ -283,7 +283,7 @@ TEST_F(TarnOICameraStationSeparatorTest, PositionIsReducedByTheOffsetBeforeItIsN
 }
 
 TEST_F(TarnOICameraStationSeparatorTest, RotationHasItsSecondAndThirdRowsNegated) {
-  const auto& m = childAs<SoMatrixTransform>(built().get(), 3)->matrix.getValue();
+  const SbMatrix m = childAs<SoMatrixTransform>(built().get(), 3)->matrix.getValue();
   const auto& r = rotation;
   const double expected[4][4] = {{r(1, 1), r(1, 3), -r(1, 2), 0.0},
                                  {-r(2, 1), -r(2, 3), r(2, 2), 0.0},
