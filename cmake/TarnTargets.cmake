@@ -7,9 +7,9 @@ target_compile_options(tarn_private_flags INTERFACE
 if(TARNOI_SANITIZE)
   # One finding fails a test: undefined behaviour aborts as address errors do.
   target_compile_options(tarn_private_flags INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
-  # GCC's manual warns that its own instrumentation sets this one off (std::regex does).
-  target_compile_options(tarn_private_flags INTERFACE -Wno-maybe-uninitialized)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1
+    # GCC's manual warns that its own instrumentation sets this one off.
+    -Wno-maybe-uninitialized)
   target_link_options(tarn_private_flags INTERFACE -fsanitize=address,undefined)
 endif()
 

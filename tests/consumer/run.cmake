@@ -1,8 +1,9 @@
 # Installs the build into a prefix of its own, then configures, builds and runs the consumer
-# against it with nothing of this tree but the sanitizers' flags, without which a program
-# cannot load a library that was built with them.
+# against it with nothing of this tree but the sanitizers' flags and defaults, without which
+# a program cannot load a library that was built with them.
 #
-#   cmake -D BUILD=... -D SOURCE=... -D WORK=... -D COMPILER=... [-D FLAGS=...] -P run.cmake
+#   cmake -D BUILD=... -D SOURCE=... -D WORK=... -D COMPILER=...
+#     [-D FLAGS=...] [-D SOURCES=...] -P run.cmake
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output
     ERROR_VARIABLE output)
@@ -16,7 +17,7 @@ file(REMOVE_RECURSE "${WORK}")
 run(${CMAKE_COMMAND} --install "${BUILD}" --prefix "${WORK}/prefix")
 run(${CMAKE_COMMAND} -S "${SOURCE}" -B "${WORK}/build" -G Ninja
   -D CMAKE_BUILD_TYPE=Release -D CMAKE_CXX_COMPILER=${COMPILER}
-  "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${WORK}/prefix"
+  "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCONSUMER_SOURCES=${SOURCES}" "-DCMAKE_PREFIX_PATH=${WORK}/prefix"
   -D CMAKE_FIND_USE_PACKAGE_REGISTRY=OFF)
 run(${CMAKE_COMMAND} --build "${WORK}/build")
 run("${WORK}/build/consumer")
