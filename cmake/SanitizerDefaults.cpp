@@ -16,7 +16,11 @@ SANITIZER_DEFAULT __ubsan_default_options() { return "print_stacktrace=1"; }
 // here.
 SANITIZER_DEFAULT __lsan_default_suppressions() {
   return "leak:cc_dl_open\n"           // Coin keeps the record of a library that it loaded
-         "leak:cc_glglue_instance\n";  // and forgets that of a context that has ended
+         "leak:cc_glglue_instance\n"  // and forgets that of a context that has ended,
+         // an element's default when it is started a second time,
+         "leak:SoCoordinateElement::initClass\n"
+         // and its clock in a program that never calls SoDB::finish.
+         "leak:SoSFTime::createInstance\n";
 }
 
 // Libraries stay loaded: what an OpenGL driver keeps for the life of the program would else
