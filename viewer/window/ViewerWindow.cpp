@@ -154,6 +154,6 @@ int ViewerWindow::open(const std::string& title, ProjectScene& scene, bool label
     SoQt::mainLoop();
     viewer.setSceneGraph(nullptr);
   }
-  SoQt::done();
+  // Not SoQt::done: it shuts Coin down, and the scene still has to be let go.
   return 0;
 }
