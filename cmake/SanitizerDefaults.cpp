@@ -20,7 +20,9 @@ SANITIZER_DEFAULT __lsan_default_suppressions() {
          // an element's default when it is started a second time,
          "leak:SoCoordinateElement::initClass\n"
          // and its clock in a program that never calls SoDB::finish.
-         "leak:SoSFTime::createInstance\n";
+         "leak:SoSFTime::createInstance\n"
+         "leak:libdbus-1.so\n"       // Qt keeps its connection to the desktop
+         "leak:libfontconfig.so\n";  // and the fonts that it found
 }
 
 // Libraries stay loaded: what an OpenGL driver keeps for the life of the program would else

@@ -6,13 +6,13 @@
 #include <string>
 
 #include <Inventor/sensors/SoTimerSensor.h>
+#include <gtest/gtest.h>
 #include <QApplication>
 #include <QImage>
 #include <QKeyEvent>
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
-#include <gtest/gtest.h>
 
 #include "viewer/ProjectScene.h"
 #include "viewer/Tarnview.h"
@@ -72,8 +72,7 @@ private:
 
 User user;
 
-int openAndWatch(const std::string& title, ProjectScene& scene, bool labels,
-                 std::ostream& errors) {
+int openAndWatch(const std::string& title, ProjectScene& scene, bool labels, std::ostream& errors) {
   user.scene = &scene;
   SoTimerSensor timer([](void*, SoSensor*) { user.look(); }, nullptr);
   timer.setInterval(SbTime(0.25));
@@ -84,9 +83,8 @@ int openAndWatch(const std::string& title, ProjectScene& scene, bool labels,
 TEST(ViewerWindowTest, ShowsTheProjectAndTakesKeysUntilItIsClosed) {
   std::ostringstream output;
   std::ostringstream errors;
-  const int status =
-      Tarnview::run({TARN_SOURCE_DIR "/examples/demo", "--image-planes", "--labels"}, output,
-                    errors, {&ViewerWindow::prepare, &openAndWatch});
+  const int status = Tarnview::run({TARN_SOURCE_DIR "/examples/demo", "--image-planes", "--labels"},
+                                   output, errors, {&ViewerWindow::prepare, &openAndWatch});
   EXPECT_EQ(status, 0);
   EXPECT_EQ(errors.str(), "");
   EXPECT_GE(user.colours, 50U) << "nothing but the background was drawn";
