@@ -1,6 +1,10 @@
 #include "host/classes/VDictionary.h"
 
+#include <cstdint>
+#include <deque>
+#include <map>
 #include <memory>
+#include <random>
 #include <vector>
 
 #include "host/classes/VPathString.h"
@@ -98,6 +102,50 @@ TEST_F(VDictionaryTest, HoldsManyKeysThroughGrowthAndRemoval) {
   for (int i = 0; i < count; ++i) {
     ASSERT_EQ(map.atKey(&keys[i]), i % 2 ? &keys[i] : nullptr);
   }
+}
+
+namespace {
+// A key of a host's own class, whose hash tells little.
+struct CrowdedKey : tarn::VObject {
+  explicit CrowdedKey(std::uint64_t h) : crowd(h) {}
+  std::uint64_t hash() const override { return crowd; }
+  std::uint64_t crowd;
+};
+}  // namespace
+
+TEST_F(VDictionaryTest, KeysOfFewHashesComeAndGoInAnyOrder) {
+  std::deque<CrowdedKey> keys;
+  for (std::uint64_t i = 0; i < 60; ++i) keys.emplace_back(i % 7);
+  std::map<tarn::VObject*, void*> expected;
+  std::mt19937 random(3);
+  for (int step = 0; step < 5000; ++step) {
+    CrowdedKey* key = &keys[random() % keys.size()];
+    if (random() % 2 == 0) {
+      void* value = random() % 2 == 0 ? &first : &second;
+      map.atKeyPut(key, value);
+      expected[key] = value;
+    } else {
+      map.removeKey(key);
+      expected.erase(key);
+    }
+    ASSERT_EQ(map.size(), static_cast<int>(expected.size())) << "step " << step;
+    for (CrowdedKey& each : keys) {
+      const auto found = expected.find(&each);
+      ASSERT_EQ(map.atKey(&each), found == expected.end() ? nullptr : found->second)
+          << "step " << step;
+    }
+  }
+}
+
+TEST_F(VDictionaryTest, KeepsItsEntriesWhenRoomIsMade) {
+  tarn::VObject key;
+  map.reserve(-1);
+  map.atKeyPut(&key, &first);
+  map.reserve(1000);
+  EXPECT_EQ(map.atKey(&key), &first);
+  map.reserve(1);
+  EXPECT_EQ(map.atKey(&key), &first);
+  EXPECT_EQ(map.size(), 1);
 }
 
 TEST_F(VDictionaryTest, OperationsAreVirtualSoThatTheyCanBeWatched) {
