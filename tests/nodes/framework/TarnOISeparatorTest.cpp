@@ -566,6 +566,19 @@ TEST_F(TarnOISeparatorSearch, AMaterialBelowANodeIsFoundByItsHostMaterial) {
   EXPECT_THAT(foundAll(&hostMaterial), ElementsAre(material));
 }
 
+TEST_F(TarnOISeparatorSearch, AChildAddedWhileNotificationIsOffIsFoundToo) {
+  tarn::Material hostMaterial;
+  auto* material = new TarnOIMaterial;
+  const NodeRef<SoNode> held(material);
+  material->SetMaterial(&hostMaterial);
+  b->addChild(new SoCoordinate3);
+  EXPECT_THAT(foundAll(&hostMaterial), IsEmpty());
+  b->enableNotify(FALSE);
+  b->addChild(material);
+  EXPECT_THAT(foundAll(&hostMaterial), ElementsAre(material));
+  b->enableNotify(TRUE);
+}
+
 // A leaf of an application, that answers for an object of its own.
 class AnsweringLeaf : public SoNode {
   TARNOI_NODE_HEADER(AnsweringLeaf);
