@@ -23,8 +23,8 @@ namespace {
 
 template <typename Class>
 constexpr ClassEntry entry(const char* name, const char* parent, const char* summary) {
-  return {name, parent, summary, &Class::initClass, &Class::CleanUpInitClass,
-          &Class::getClassTypeId};
+  return {
+      name, parent, summary, &Class::initClass, &Class::CleanUpInitClass, &Class::getClassTypeId};
 }
 
 constexpr std::array table = {
@@ -47,9 +47,8 @@ constexpr std::array table = {
     entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
     entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
                                         "a camera station: symbol, frustum, photograph, label"),
-    entry<TarnOIObjectPointSeparator>(
-        "TarnOIObjectPointSeparator", "TarnOISeparator",
-        "an object point: marker, colour, label and error ellipsoid"),
+    entry<TarnOIObjectPointSeparator>("TarnOIObjectPointSeparator", "TarnOISeparator",
+                                      "an object point: marker, colour, label and error ellipsoid"),
 };
 
 }  // namespace

@@ -60,19 +60,19 @@ private:
 
 /// Static and virtual members that every node class has, to stand first in the class.
 /// A class that is not abstract adds TARNOI_NODE_FACTORY.
-#define TARNOI_ABSTRACT_NODE_HEADER(Class)                 \
-public:                                                    \
-  static void initClass();                                 \
-  static void CleanUpInitClass();                          \
-  static SoType getClassTypeId();                          \
-  SoType getTypeId() const override;                       \
-                                                           \
-protected:                                                 \
-  static const SoFieldData** getFieldDataPtr();            \
-  const SoFieldData* getFieldData() const override;        \
-                                                           \
-private:                                                   \
-  static void atexit_cleanup();                            \
+#define TARNOI_ABSTRACT_NODE_HEADER(Class)          \
+public:                                             \
+  static void initClass();                          \
+  static void CleanUpInitClass();                   \
+  static SoType getClassTypeId();                   \
+  SoType getTypeId() const override;                \
+                                                    \
+protected:                                          \
+  static const SoFieldData** getFieldDataPtr();     \
+  const SoFieldData* getFieldData() const override; \
+                                                    \
+private:                                            \
+  static void atexit_cleanup();                     \
   static NodeRegistration registration
 
 #define TARNOI_NODE_HEADER(Class) \
@@ -82,22 +82,22 @@ public:                           \
 
 /// The definitions that belong to the headers above. The parent is named twice: as the
 /// C++ class whose field data is inherited, and as the type it is registered under.
-#define TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, ParentName, factory)                      \
-  constinit NodeRegistration Class::registration{                                             \
-      #Class, ParentName, [] { return Parent::getFieldDataPtr(); }, factory};                 \
-  void Class::CleanUpInitClass() { registration.cleanUp(); }                                  \
-  void Class::atexit_cleanup() { registration.cleanUp(); }                                    \
-  SoType Class::getClassTypeId() { return registration.type(); }                              \
-  SoType Class::getTypeId() const { return registration.type(); }                             \
-  const SoFieldData** Class::getFieldDataPtr() { return registration.getFieldDataPtr(); }     \
-  const SoFieldData* Class::getFieldData() const { return registration.getFieldData(); }      \
+#define TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, ParentName, factory)                  \
+  constinit NodeRegistration Class::registration{                                         \
+      #Class, ParentName, [] { return Parent::getFieldDataPtr(); }, factory};             \
+  void Class::CleanUpInitClass() { registration.cleanUp(); }                              \
+  void Class::atexit_cleanup() { registration.cleanUp(); }                                \
+  SoType Class::getClassTypeId() { return registration.type(); }                          \
+  SoType Class::getTypeId() const { return registration.type(); }                         \
+  const SoFieldData** Class::getFieldDataPtr() { return registration.getFieldDataPtr(); } \
+  const SoFieldData* Class::getFieldData() const { return registration.getFieldData(); }  \
   static_assert(true)
 
 #define TARNOI_ABSTRACT_NODE_SOURCE(Class, Parent) \
   TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, #Parent, nullptr)
 
-#define TARNOI_NODE_SOURCE(Class, Parent)                                        \
-  void* Class::createInstance() { return new Class; }                            \
+#define TARNOI_NODE_SOURCE(Class, Parent)             \
+  void* Class::createInstance() { return new Class; } \
   TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, #Parent, &Class::createInstance)
 
 /// To stand first in every constructor.

@@ -55,9 +55,9 @@ bool isRegistered(const TarnOI::ClassEntry& entry) {
 
 void expectRegistered(bool registered, const std::string& when) {
   for (const TarnOI::ClassEntry& entry : table()) {
-    check(isRegistered(entry) == registered,
-          std::string(entry.name) + (registered ? " is registered " : " is not registered ") +
-              when);
+    check(
+        isRegistered(entry) == registered,
+        std::string(entry.name) + (registered ? " is registered " : " is not registered ") + when);
   }
 }
 
@@ -298,9 +298,8 @@ int main(int argc, char** argv) {
     std::fputs("usage: tarn_lifecycle SCENARIO, or --list\n", stderr);
     return 2;
   }
-  tarn::setAssertHandler([](const char* condition, const char* file, int) {
-    reports.emplace_back(condition, file);
-  });
+  tarn::setAssertHandler(
+      [](const char* condition, const char* file, int) { reports.emplace_back(condition, file); });
   found->second();
   expectNoReports("at the end");
   return failures ? 1 : 0;

@@ -207,8 +207,7 @@ TEST_P(EveryClass, IsUnregisteredAndRegisteredAgain) {
     for (const TarnOI::ClassEntry& entry : descendants()) {
       entry.cleanUpInitClass();
       entry.initClass();
-      EXPECT_EQ(entry.getClassTypeId().getParent(),
-                SoType::fromName(entry.parent));
+      EXPECT_EQ(entry.getClassTypeId().getParent(), SoType::fromName(entry.parent));
     }
   }
 }
@@ -251,9 +250,8 @@ TEST_P(EveryClass, ReportsAnInstanceMadeBeforeTheRegistration) {
   GetParam().cleanUpInitClass();
   NodeRef<SoNode> node(static_cast<SoNode*>(create()));
   EXPECT_THAT(takeAssertions(),
-              ElementsAre(IsAssertion(std::string(name()) +
-                                          "::classTypeId != SoType::badType() && "
-                                          "\"you forgot init()!\"",
+              ElementsAre(IsAssertion(std::string(name()) + "::classTypeId != SoType::badType() && "
+                                                            "\"you forgot init()!\"",
                                       name())));
   EXPECT_TRUE(node->getTypeId().isBad());
   node.reset();

@@ -39,9 +39,9 @@ protected:
   const SoFieldData* getFieldData() const override { return registration.getFieldData(); }
 };
 
-constinit NodeRegistration Registered::registration{
-    "Registered", "SoSeparator", [] { return Registered::getFieldDataPtr(); },
-    &Registered::createInstance};
+constinit NodeRegistration Registered::registration{"Registered", "SoSeparator",
+                                                    [] { return Registered::getFieldDataPtr(); },
+                                                    &Registered::createInstance};
 
 }  // namespace
 

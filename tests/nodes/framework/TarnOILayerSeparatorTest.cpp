@@ -65,8 +65,7 @@ TEST_F(TarnOILayerSeparatorTest, SetLayerEntersItUnderTheLayer) {
   separator->SetLayer(&layer, &dictionary);
   EXPECT_EQ(separator->GetLayer(), &layer);
   EXPECT_EQ(separator->GetTarnObject(), nullptr);
-  EXPECT_THAT(dictionary.takeChanges(),
-              ElementsAre(Change{Change::ePut, &layer, separator.get()}));
+  EXPECT_THAT(dictionary.takeChanges(), ElementsAre(Change{Change::ePut, &layer, separator.get()}));
 }
 
 TEST_F(TarnOILayerSeparatorTest, TheSameLayerAgainTouchesNoDictionary) {

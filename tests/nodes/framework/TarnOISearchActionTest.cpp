@@ -115,8 +115,7 @@ TEST_F(TarnOISearchActionTest, AMethodOfTheHostIsCalledForItsType) {
   renewClass();
   static int called = 0;
   called = 0;
-  TarnOISearchAction::addMethod(SoFont::getClassTypeId(),
-                                [](SoAction*, SoNode*) { ++called; });
+  TarnOISearchAction::addMethod(SoFont::getClassTypeId(), [](SoAction*, SoNode*) { ++called; });
   auto root = makeNode<SoSeparator>();
   root->addChild(new SoFont);
   auto* bound = new BoundNode;

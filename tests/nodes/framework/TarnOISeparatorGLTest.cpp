@@ -159,8 +159,7 @@ TEST_F(TarnOISeparatorGLTest, AnAbortedFrameIsNotKeptByACacheAbove) {
     static SoGLRenderAction::AbortCode ask(void* data) {
       auto& stop = *static_cast<Stop*>(data);
       const SoFullPath* path = static_cast<const SoFullPath*>(stop.action->getCurPath());
-      return path->getTail() == stop.before ? SoGLRenderAction::ABORT
-                                            : SoGLRenderAction::CONTINUE;
+      return path->getTail() == stop.before ? SoGLRenderAction::ABORT : SoGLRenderAction::CONTINUE;
     }
     SoGLRenderAction* action;
   } stop{bound->getChild(3), &renderer.action()};

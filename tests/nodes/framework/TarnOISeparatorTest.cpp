@@ -107,9 +107,8 @@ TEST_F(TarnOISeparatorBinding, RebindingRemovesTheOldKeyFromTheDictionaryPassedI
   node->SetTarnObject(&other, &otherDictionary);
   EXPECT_THAT(dictionary.takeChanges(), IsEmpty());
   EXPECT_EQ(dictionary.atKey(&object), node.get());
-  EXPECT_THAT(otherDictionary.takeChanges(),
-              ElementsAre(Change{Change::eRemove, &object, nullptr},
-                          Change{Change::ePut, &other, node.get()}));
+  EXPECT_THAT(otherDictionary.takeChanges(), ElementsAre(Change{Change::eRemove, &object, nullptr},
+                                                         Change{Change::ePut, &other, node.get()}));
   EXPECT_EQ(node->dictionary(), &otherDictionary);
 }
 
@@ -380,8 +379,7 @@ SO_ACTION_SOURCE(PlainPickAction);
 TEST_F(TarnOISeparatorInvisible, APickActionWithoutDrawStylesPicksTheNode) {
   static const bool registered = [] {
     PlainPickAction::initClass();
-    PlainPickAction::addMethod(SoNode::getClassTypeId(),
-                               [](SoAction*, SoNode*) {});
+    PlainPickAction::addMethod(SoNode::getClassTypeId(), [](SoAction*, SoNode*) {});
     PlainPickAction::addMethod(SoGroup::getClassTypeId(), SoNode::pickS);
     PlainPickAction::addMethod(SoCallback::getClassTypeId(), SoNode::pickS);
     return true;
@@ -810,9 +808,15 @@ std::array<double, 9> turned() {
   const double ca = std::cos(a), sa = std::sin(a);
   const double cb = std::cos(b), sb = std::sin(b);
   const double cc = std::cos(c), sc = std::sin(c);
-  return {cb * cc,                 cb * sc,                 -sb,      //
-          sa * sb * cc - ca * sc,  sa * sb * sc + ca * cc,  sa * cb,  //
-          ca * sb * cc + sa * sc,  ca * sb * sc - sa * cc,  ca * cb};
+  return {cb * cc,
+          cb * sc,
+          -sb,  //
+          sa * sb * cc - ca * sc,
+          sa * sb * sc + ca * cc,
+          sa * cb,  //
+          ca * sb * cc + sa * sc,
+          ca * sb * sc - sa * cc,
+          ca * cb};
 }
 
 std::array<double, 9> transposed(const std::array<double, 9>& m) {
@@ -845,9 +849,8 @@ protected:
     SoGetMatrixAction action(SbViewportRegion(100, 100));
     action.apply(transform.get());
     SbVec3f shown;
-    action.getMatrix().multVecMatrix(SbVec3f(static_cast<float>(p.x), static_cast<float>(p.z),
-                                             static_cast<float>(-p.y)),
-                                     shown);
+    action.getMatrix().multVecMatrix(
+        SbVec3f(static_cast<float>(p.x), static_cast<float>(p.z), static_cast<float>(-p.y)), shown);
     return {shown[0], -shown[2], shown[1]};
   }
 
@@ -922,8 +925,7 @@ TEST_F(TarnOISeparatorAffine, InverseWithoutScale) {
 
 TEST_F(TarnOISeparatorAffine, InverseWithoutTranslation) {
   convert(1, 0, 0, 1);
-  expectOnPoints(
-      [&](const Point& p) { return (1.0 / scale) * rowTimes(p, transposed(rotation)); });
+  expectOnPoints([&](const Point& p) { return (1.0 / scale) * rowTimes(p, transposed(rotation)); });
 }
 
 TEST_F(TarnOISeparatorAffine, InverseOffsetsLastToo) {
