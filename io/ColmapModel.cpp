@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <string_view>
 
@@ -26,6 +27,23 @@ void checkSize(const Place& place, std::uint64_t pixels, const char* side) {
                    std::to_string(std::numeric_limits<int>::max()) + " pixels");
 }
 
+// What is drawn is drawn in single precision, and its squares have to be numbers, too.
+// 1e15 micrometres are a million kilometres.
+void checkReach(const Place& place, const char* what, double value) {
+  constexpr double most = 1e15;
+  if (std::abs(value) <= most) return;
+  char digits[40];
+  *std::to_chars(digits, digits + sizeof digits - 1, value).ptr = '\0';
+  place.refuse(std::string(what) + " " + digits, "a number from -1e15 to 1e15");
+}
+
+void checkReach(const Place& first, const std::array<const char*, 3>& names,
+                const Point3DDouble& point) {
+  checkReach(first, names[0], point.x);
+  checkReach(first.later(sizeof(double)), names[1], point.y);
+  checkReach(first.later(2 * sizeof(double)), names[2], point.z);
+}
+
 // Photographs are opened by this name below the photograph folder: a model from elsewhere
 // must not reach files outside of it. Both separators count, for paths take either.
 void checkName(const Place& place, std::string_view name) {
@@ -42,6 +60,11 @@ void checkName(const Place& place, std::string_view name) {
       place.refuse("the image name " + quoted(name) + ", which leaves the folder", expected);
     }
     begin = end + 1;
+  }
+  const std::size_t last = name.find_last_of("/\\");
+  const std::string_view file = last == std::string_view::npos ? name : name.substr(last + 1);
+  if (file.empty() || file == ".") {
+    place.refuse("the image name " + quoted(name) + ", which is a folder's", expected);
   }
 }
 
@@ -74,6 +97,7 @@ void ColmapModel::add(ColmapCamera camera) {
     if (!(focal > 0.0)) {
       camera.place.refuse("focal length " + std::to_string(focal), "a focal length above 0");
     }
+    checkReach(camera.place, "focal length", focal);
   }
   addUnique(cameraOf, cameras, std::move(camera), "camera");
 }
@@ -84,7 +108,12 @@ void ColmapModel::add(ColmapImage image) {
     image.place.refuse("image " + std::to_string(image.id),
                        "an image id of at most " + std::to_string(std::numeric_limits<int>::max()));
   }
+  // In binary, the translation stands behind the id and the quaternion.
+  checkReach(image.place.later(4 + 4 * sizeof(double)), {"TX", "TY", "TZ"}, image.pose.translation);
   checkName(image.place, image.name);
+  if (!imageNames.insert(image.name).second) {
+    image.place.refuse("the image name " + quoted(image.name) + " again", "each image name once");
+  }
   addUnique(imageOf, images, std::move(image), "image");
 }
 
@@ -93,6 +122,7 @@ void ColmapModel::add(const ColmapPoint& point) {
     point.place.refuse("point " + std::to_string(point.id),
                        "a point id of at most " + std::to_string(std::numeric_limits<long>::max()));
   }
+  checkReach(point.place.later(8), {"X", "Y", "Z"}, point.position);
   addUnique(pointOf, points, point, "point");
 }
 

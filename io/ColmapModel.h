@@ -108,10 +108,11 @@ struct ColmapModel {
   std::unordered_map<std::uint64_t, std::size_t> pointOf;
   std::unordered_map<std::uint32_t, std::size_t> rigOf;
   std::unordered_map<std::uint32_t, std::size_t> frameOf;
+  std::unordered_set<std::string> imageNames;
 
-  /// Adds a record after the checks that need no other file: ids not used before, sizes
-  /// and focal lengths above zero, a name inside the photograph folder, ids that the
-  /// project can number. Throws ReadError.
+  /// Adds a record after the checks that need no other file: ids and names not used before, sizes
+  /// and focal lengths above zero, coordinates of at most 1e15, a file name inside the
+  /// photograph folder, ids that the project can number. Throws ReadError.
   void add(ColmapCamera camera);
   void add(ColmapImage image);
   void add(const ColmapPoint& point);

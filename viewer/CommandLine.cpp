@@ -1,12 +1,15 @@
 #include "viewer/CommandLine.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
-#include <cmath>
+#include <filesystem>
 #include <sstream>
 #include <string_view>
 
 #include <CLI/CLI.hpp>
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -49,8 +52,6 @@ constexpr const char* examples =
     "Exit status: 0 done; 1 the project was refused or a file could not be written, with the\n"
     "reason on standard error; 2 a wrong call.";
 
-constexpr int largestSide = 16384;
-
 /// A whole number that takes the whole text.
 template <typename Number>
 bool parseNumber(std::string_view text, Number& number) {
@@ -75,9 +76,10 @@ CommandLine::Size parseSize(const std::string& text) {
                                              "\", expected WIDTHxHEIGHT in pixels, for example "
                                              "1600x1200");
   }
-  if (size.width < 1 || size.height < 1 || size.width > largestSide || size.height > largestSide) {
+  constexpr int most = CommandLine::Size::mostPixels;
+  if (size.width < 1 || size.height < 1 || size.width > most || size.height > most) {
     throw CLI::ValidationError("--size", "found \"" + text + "\", expected sides from 1 to " +
-                                             std::to_string(largestSide) + " pixels");
+                                             std::to_string(most) + " pixels");
   }
   return size;
 }
@@ -117,6 +119,36 @@ CommandLine::Highlight parseHighlight(const std::string& text) {
                              "found \"" + text + "\", expected point:NUMBER or station:NAME");
 }
 
+double parseScale(const std::string& text) {
+  double scale = 0.0;
+  // Beyond these an ellipsoid has no size that can be drawn.
+  if (!parseNumber(text, scale) || !(scale >= 1e-9 && scale <= 1e9)) {
+    throw CLI::ValidationError("--ellipsoids",
+                               "found \"" + text + "\", expected a number from 1e-9 to 1e9");
+  }
+  return scale;
+}
+
+void checkFiles(const std::string& picture, const std::string& scene) {
+  const auto place = [](const std::string& file) {
+    std::error_code ignored;
+    const fs::path path = fs::weakly_canonical(fs::absolute(file, ignored), ignored);
+    return path.empty() ? fs::path(file) : path;
+  };
+  if (!picture.empty()) {
+    std::string extension = fs::path(picture).extension().string();
+    std::ranges::transform(extension, extension.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (extension != ".png") {
+      throw CLI::ValidationError("--render", "found \"" + picture + "\", expected a name in .png");
+    }
+  }
+  if (!picture.empty() && !scene.empty() && place(picture) == place(scene)) {
+    throw CLI::ValidationError(
+        "--write", "found \"" + scene + "\", expected another file than that of --render");
+  }
+}
+
 }  // namespace
 
 CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments) {
@@ -124,16 +156,20 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   std::string size;
   std::string view;
   std::string highlight;
-  double ellipsoids = 0.0;
+  std::string ellipsoids;
 
   CLI::App app(description, "tarnview");
   app.footer(examples);
   app.set_version_flag("--version", "tarnview " TARN_VERSION, "Print the version");
   app.add_option("PROJECT", commandLine.project, "Folder of a COLMAP model, or the one above it");
-  app.add_option("--render", commandLine.renderFile, "Draw into this PNG file, without a window")
-      ->type_name("FILE");
-  app.add_option("--size", size, "Size of the picture in pixels [1600x1200]")->type_name("WxH");
-  app.add_option("--view", view, "iso, top, front, right or station:NAME [iso]")->type_name("VIEW");
+  const CLI::Option* renderOption = app.add_option("--render", commandLine.renderFile,
+                                                   "Draw into this PNG file, without a window")
+                                        ->type_name("FILE");
+  const CLI::Option* sizeOption =
+      app.add_option("--size", size, "Size of the picture in pixels [1600x1200]")->type_name("WxH");
+  const CLI::Option* viewOption =
+      app.add_option("--view", view, "iso, top, front, right or station:NAME [iso]")
+          ->type_name("VIEW");
   app.add_flag("--image-planes", commandLine.imagePlanes, "Show the photographs in the cameras");
   app.add_flag("--frusta", commandLine.frusta, "Show what each camera saw");
   app.add_flag("--labels", commandLine.labels,
@@ -141,9 +177,12 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   const CLI::Option* ellipsoidOption =
       app.add_option("--ellipsoids", ellipsoids, "Show error ellipsoids, SCALE times their size")
           ->type_name("SCALE");
-  app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")->type_name("WHAT");
-  app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
-      ->type_name("FILE");
+  const CLI::Option* highlightOption =
+      app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")
+          ->type_name("WHAT");
+  const CLI::Option* writeOption =
+      app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
+          ->type_name("FILE");
   app.add_flag("--nodes", commandLine.listNodes,
                "List the registered node classes, each with its parent");
 
@@ -151,16 +190,18 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
-    if (!size.empty()) commandLine.size = parseSize(size);
-    if (!view.empty()) parseView(view, commandLine);
-    if (!highlight.empty()) commandLine.highlight = parseHighlight(highlight);
-    if (ellipsoidOption->count() > 0) {
-      if (!(ellipsoids > 0.0) || !std::isfinite(ellipsoids)) {
-        throw CLI::ValidationError("--ellipsoids", "expected a number above 0");
+    for (const CLI::Option* option : {renderOption, writeOption}) {
+      if (option->count() > 0 && option->as<std::string>().empty()) {
+        throw CLI::ValidationError(option->get_name(), "found \"\", expected a file name");
       }
-      commandLine.ellipsoidScale = ellipsoids;
     }
-    if (commandLine.project.empty() && !commandLine.listNodes) {
+    if (sizeOption->count() > 0) commandLine.size = parseSize(size);
+    if (viewOption->count() > 0) parseView(view, commandLine);
+    if (highlightOption->count() > 0) commandLine.highlight = parseHighlight(highlight);
+    if (ellipsoidOption->count() > 0) commandLine.ellipsoidScale = parseScale(ellipsoids);
+    checkFiles(commandLine.renderFile, commandLine.writeFile);
+    const bool draws = !commandLine.renderFile.empty() || !commandLine.writeFile.empty();
+    if (commandLine.project.empty() && (draws || !commandLine.listNodes)) {
       throw CLI::RequiredError("PROJECT");
     }
     parsed.commandLine = commandLine;

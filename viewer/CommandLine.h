@@ -9,6 +9,7 @@ struct CommandLine {
   enum class View { eIso, eTop, eFront, eRight, eStation };
   enum class HighlightKind { ePoint, eStation };
   struct Size {
+    static constexpr int mostPixels = 16384;  ///< a side, of all pictures that are drawn
     int width = 1600;
     int height = 1200;
   };
@@ -19,7 +20,7 @@ struct CommandLine {
   };
 
   std::string project;       ///< empty when only --nodes was asked for
-  std::string renderFile;    ///< empty for no picture
+  std::string renderFile;    ///< a PNG file; empty for no picture
   std::string writeFile;     ///< empty for no scene file
   std::optional<Size> size;  ///< absent when --size was not given
   View view = View::eIso;
@@ -27,7 +28,7 @@ struct CommandLine {
   bool imagePlanes = false;
   bool frusta = false;
   bool labels = false;
-  std::optional<double> ellipsoidScale;
+  std::optional<double> ellipsoidScale;  ///< 1e-9 to 1e9
   std::optional<Highlight> highlight;
   bool listNodes = false;
 

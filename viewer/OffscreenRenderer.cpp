@@ -15,6 +15,8 @@
 #include <Inventor/elements/SoGLCacheContextElement.h>
 #include <Inventor/misc/SoContextHandler.h>
 
+#include "viewer/CommandLine.h"
+
 struct OffscreenRenderer::Framebuffer {
   GLuint frame = 0;
   GLuint color = 0;
@@ -79,7 +81,7 @@ private:
 }  // namespace
 
 OffscreenRenderer::OffscreenRenderer(int width, int height) {
-  constexpr int most = 16384;
+  constexpr int most = CommandLine::Size::mostPixels;
   GLint allowed = most;
   glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &allowed);
   if (width < 1 || height < 1 || width > std::min(most, allowed) ||

@@ -17,7 +17,7 @@ class SoNode;
 class OffscreenRenderer {
 public:
   /// Throws std::runtime_error when there is no OpenGL to draw with, or the size is not
-  /// between 1 and 16384 pixels or more than it can draw.
+  /// between 1 and CommandLine::Size::mostPixels or more than it can draw.
   OffscreenRenderer(int width, int height);
   ~OffscreenRenderer();
 

@@ -43,7 +43,7 @@ int PhotographCache::resampleFactor(const tarn::CameraStation& station) {
   int width = 0;
   int height = 0;
   camera->GetImageSize(width, height);
-  return std::max(1, (std::max(width, height) + longestSide - 1) / longestSide);
+  return std::clamp((std::max(width, height) - 1) / longestSide + 1, 1, mostShrunk);
 }
 
 bool PhotographCache::redirect(const tarn::CameraStation& station, std::string* problem) const {

@@ -18,12 +18,14 @@ class PhotographCache {
 public:
   /// Copies are shrunk so that their longer side is at most this many pixels.
   static constexpr int longestSide = 1024;
+  /// No real photograph is shrunk by more.
+  static constexpr int mostShrunk = 1000;
 
   /// Uses the folder that the environment names.
   PhotographCache();
   explicit PhotographCache(std::string folder) : folder(std::move(folder)) {}
 
-  /// By how much the station's photograph is to be shrunk, 1 or more.
+  /// By how much the station's photograph is to be shrunk, 1 to mostShrunk.
   static int resampleFactor(const tarn::CameraStation& station);
 
   /// Points the station's photograph at its link. Returns false, with the station left

@@ -1,7 +1,6 @@
 #include "viewer/Picture.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <stdexcept>
 
@@ -9,52 +8,36 @@
 #include <simage.h>
 #include <turbojpeg.h>
 
+#include "viewer/WholeFile.h"
+
 namespace {
 
 [[noreturn]] void fail(const std::string& fileName, const char* what) {
   throw std::runtime_error(fileName + ": " + what);
 }
 
-// The file appears under its name only when it is complete.
-void writeWhole(const std::string& fileName, const auto& write) {
-  const std::string unfinished = fileName + ".part";
-  if (!write(unfinished.c_str())) {
-    std::remove(unfinished.c_str());
-    fail(fileName, "the picture cannot be written");
-  }
-  std::error_code error;
-  std::filesystem::rename(unfinished, fileName, error);
-  if (error) {
-    std::remove(unfinished.c_str());
-    fail(fileName, "the picture cannot be written");
-  }
-}
-
 }  // namespace
 
 void Picture::writePng(const std::string& fileName) const {
-  writeWhole(fileName, [this](const char* name) {
+  WholeFile::write(fileName, "picture", [this](std::FILE* file) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(width);
     image.height = static_cast<png_uint_32>(height);
     image.format = PNG_FORMAT_RGB;
-    return png_image_write_to_file(&image, name, 0, bytes.data(), 0, nullptr) != 0;
+    return png_image_write_to_stdio(&image, file, 0, bytes.data(), 0, nullptr) != 0;
   });
 }
 
 void Picture::writeJpeg(const std::string& fileName, int quality) const {
-  writeWhole(fileName, [this, quality](const char* name) {
+  WholeFile::write(fileName, "picture", [this, quality](std::FILE* file) {
     const std::unique_ptr<void, int (*)(tjhandle)> compressor(tjInitCompress(), &tjDestroy);
     unsigned char* encoded = nullptr;
     unsigned long size = 0;
     const int failed = tjCompress2(compressor.get(), bytes.data(), width, 0, height, TJPF_RGB,
                                    &encoded, &size, TJSAMP_444, quality, TJFLAG_ACCURATEDCT);
     const std::unique_ptr<unsigned char, void (*)(unsigned char*)> owner(encoded, &tjFree);
-    if (failed) return false;
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name, "wb"),
-                                                               &std::fclose);
-    return file && std::fwrite(encoded, 1, size, file.get()) == size;
+    return !failed && std::fwrite(encoded, 1, size, file) == size;
   });
 }
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "host/model/Project.h"
-#include "io/ReadError.h"
 
 namespace ProjectFile {
 
@@ -29,20 +28,6 @@ std::string listed(const std::vector<std::string>& names) {
 }  // namespace
 
 void open(const std::string& path, tarn::Project& project, const tarn::ProgressHandler& progress) {
-  std::error_code ignored;
-  const auto status = std::filesystem::status(path, ignored);
-  if (!std::filesystem::exists(status)) {
-    throw tarn::ReadError::inFile(path, "nothing", "the folder of a COLMAP model");
-  }
-  if (!std::filesystem::is_directory(status)) {
-    throw tarn::ReadError::inFile(path, "a file", "the folder of a COLMAP model");
-  }
-  if (!tarn::ColmapReader::IsModelFolder(path)) {
-    throw tarn::ReadError::inFile(
-        path, "no COLMAP model",
-        "cameras, images and points3D as .bin or .txt in the folder or in sparse/, sparse/0/ or "
-        "0/ below it");
-  }
   tarn::ColmapReader::Options options;
   options.progress = progress;
   tarn::ColmapReader::Read(path, project, options);
@@ -60,6 +45,13 @@ tarn::CameraStation& findStation(const tarn::Project& project, const std::string
   }
   if (sameStem.size() == 1) return *sameStem.front();
   std::ranges::sort(names);
+  if (!sameStem.empty()) {
+    std::erase_if(names, [&name](const std::string& one) {
+      return std::filesystem::path(one).stem() != name;
+    });
+    throw UnknownName("\"" + name +
+                      "\" is ambiguous; the stations of that name are: " + listed(names));
+  }
   throw UnknownName("there is no station \"" + name + "\"; the stations are: " + listed(names));
 }
 

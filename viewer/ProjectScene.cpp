@@ -135,6 +135,7 @@ bool ProjectScene::setView(tarn::CameraStation& station) {
           std::min(currentCamera->nearDistance.getValue(), 0.9F * planeDistance);
       pointDepth->test = FALSE;
     } else {
+      if (node == highlighted) clearHighlight();
       stationLayer->removeChild(node);
       std::erase(stationNodes, node);
     }

@@ -69,8 +69,8 @@ public:
   void setView(CommandLine::View view, double aspect);
 
   /// Looks through the station's camera. Its symbol is left out, which would stand in
-  /// front of the lens; with image planes the points are drawn over the photograph. Returns
-  /// false, and changes nothing, when the station is not oriented.
+  /// front of the lens, and its mark with it; with image planes the points are drawn over the
+  /// photograph. Returns false, and changes nothing, when the station is not oriented.
   bool setView(tarn::CameraStation& station);
 
   /// Shows the photographs in the stations, or their symbols.

@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cstdio>
-#include <filesystem>
-#include <stdexcept>
 #include <utility>
 
 #include <Inventor/SbName.h>
@@ -22,6 +20,7 @@
 #include "nodes/TarnOI.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOISeparator.h"
+#include "viewer/WholeFile.h"
 
 namespace {
 
@@ -140,25 +139,14 @@ NodeRef<SoNode> SceneWriter::toStandardNodes(SoNode* scene) {
 
 void SceneWriter::write(SoNode* scene, const std::string& fileName) {
   const NodeRef<SoNode> standard = toStandardNodes(scene);
-  const std::string unfinished = fileName + ".part";
-  SoOutput output;
-  // Looked at first, for Coin reports a file that cannot be opened on its own.
-  std::FILE* probe = std::fopen(unfinished.c_str(), "w");
-  if (probe) std::fclose(probe);
-  if (!probe || !output.openFile(unfinished.c_str())) {
-    throw std::runtime_error(fileName + ": the scene cannot be written");
-  }
-  output.setHeaderString(SoOutput::getDefaultASCIIHeader());
-  SoWriteAction action(&output);
-  action.apply(standard.get());
-  const bool failed = std::ferror(output.getFilePointer()) != 0;
-  output.closeFile();
-  std::error_code error;
-  if (!failed) std::filesystem::rename(unfinished, fileName, error);
-  if (failed || error) {
-    std::remove(unfinished.c_str());
-    throw std::runtime_error(fileName + ": the scene cannot be written");
-  }
+  WholeFile::write(fileName, "scene", [&standard](std::FILE* file) {
+    SoOutput output;
+    output.setFilePointer(file);
+    output.setHeaderString(SoOutput::getDefaultASCIIHeader());
+    SoWriteAction action(&output);
+    action.apply(standard.get());
+    return true;  // the stream knows what went wrong
+  });
 }
 
 std::string SceneWriter::legalName(const std::string& text) {

@@ -1,6 +1,7 @@
 #include "viewer/Tarnview.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <exception>
@@ -8,6 +9,7 @@
 #include <optional>
 #include <ostream>
 #include <string_view>
+#include <system_error>
 
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInteraction.h>
@@ -62,6 +64,15 @@ CommandLine::Size sizeFor(const tarn::CameraStation& station) {
   return size;
 }
 
+// Whether all that was printed since errno was cleared has gone out; says so if not.
+bool isWritten(std::ostream& output, std::ostream& errors) {
+  if (output.flush()) return true;
+  errors << "tarnview: the standard output cannot be written";
+  if (errno) errors << ": " << std::error_code(errno, std::generic_category()).message();
+  errors << '\n';
+  return false;
+}
+
 /// One call on one project.
 class Call {
 public:
@@ -87,6 +98,11 @@ public:
       if (!scene.setView(*viewStation)) {
         throw std::runtime_error("station \"" + viewStation->GetName().str() +
                                  "\" is not oriented: there is no looking through it");
+      }
+      if (viewStation == highlightStation && !commandLine.imagePlanes) {
+        say("station \"" + viewStation->GetName().str() +
+            "\" is not marked: the view is through its own camera; --image-planes shows its "
+            "photograph marked");
       }
     } else {
       scene.setView(commandLine.view, static_cast<double>(size.width) / size.height);
@@ -146,9 +162,10 @@ int Tarnview::run(const std::vector<std::string>& arguments, std::ostream& outpu
                   std::ostream& errors, const Window& window) {
   const CommandLine::Parsed parsed = CommandLine::parse(arguments);
   if (!parsed.commandLine) {
+    errno = 0;
     output << parsed.output;
     errors << parsed.error;
-    return parsed.exitStatus;
+    return isWritten(output, errors) ? parsed.exitStatus : 1;
   }
   const CommandLine& commandLine = *parsed.commandLine;
   if (commandLine.wantsWindow()) {
@@ -158,7 +175,9 @@ int Tarnview::run(const std::vector<std::string>& arguments, std::ostream& outpu
   }
   const Coin coin(!commandLine.wantsWindow());
   if (commandLine.listNodes) {
+    errno = 0;
     listNodes(output);
+    if (!isWritten(output, errors)) return 1;
     if (commandLine.project.empty()) return 0;
   }
   tarn::Preferences preferences;

@@ -81,6 +81,35 @@ TEST_F(CommandLineTest, CallWithoutProjectIsRefused) {
   EXPECT_THAT(refused({"--render", "a.png"}), HasSubstr("PROJECT"));
 }
 
+TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
+  EXPECT_THAT(refused({"--nodes", "--render", "a.png"}), HasSubstr("PROJECT"));
+  EXPECT_THAT(refused({"--nodes", "--write", "a.iv"}), HasSubstr("PROJECT"));
+}
+
+TEST_F(CommandLineTest, EmptyValuesAreRefused) {
+  for (const char* option :
+       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids"}) {
+    EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
+    EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
+  }
+}
+
+TEST_F(CommandLineTest, PictureIsAPngFile) {
+  for (const char* file : {"a.jpg", "a", "a.png/b", ".png", "a.png.part"}) {
+    const std::string error = refused({"p", "--render", file});
+    EXPECT_THAT(error, HasSubstr("--render: found \"" + std::string(file) + "\", expected"));
+  }
+  EXPECT_EQ(accepted({"p", "--render", "A.PNG"}).renderFile, "A.PNG");
+}
+
+TEST_F(CommandLineTest, PictureAndSceneAreTwoFiles) {
+  for (const char* scene : {"a.png", "./a.png", "b/../a.png"}) {
+    EXPECT_THAT(refused({"p", "--render", "a.png", "--write", scene}),
+                HasSubstr("--write: found \"" + std::string(scene) + "\""));
+  }
+  accepted({"p", "--render", "a.png", "--write", "b/a.png"});
+}
+
 TEST_F(CommandLineTest, UnknownOptionIsNamed) {
   EXPECT_THAT(refused({"p", "--colour"}), HasSubstr("--colour"));
 }
@@ -112,11 +141,13 @@ TEST_F(CommandLineTest, HighlightOfNothingKnownIsRefused) {
   }
 }
 
-TEST_F(CommandLineTest, EllipsoidScaleMustBeAboveZero) {
-  for (const char* scale : {"0", "-1", "nan", "inf", "big"}) {
-    EXPECT_THAT(refused({"p", std::string("--ellipsoids=") + scale}), HasSubstr("--ellipsoids"))
-        << scale;
+TEST_F(CommandLineTest, EllipsoidScaleMustBeANumberThatCanBeDrawn) {
+  for (const char* scale : {"0", "-1", "nan", "inf", "big", "1e300", "1e-300", "2x"}) {
+    EXPECT_THAT(refused({"p", std::string("--ellipsoids=") + scale}),
+                HasSubstr("--ellipsoids: found \"" + std::string(scale) +
+                          "\", expected a number from 1e-9 to 1e9"));
   }
+  EXPECT_EQ(accepted({"p", "--ellipsoids", "1e9"}).ellipsoidScale, 1e9);
 }
 
 TEST_F(CommandLineTest, HelpTeachesByExamples) {

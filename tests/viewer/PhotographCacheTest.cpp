@@ -1,6 +1,7 @@
 #include "viewer/PhotographCache.h"
 
 #include <filesystem>
+#include <limits>
 
 #include "host/model/Project.h"
 #include "tests/support/TarnTest.h"
@@ -100,6 +101,10 @@ TEST_F(PhotographCacheTest, CopiesAreShrunkToTheLongestSide) {
   EXPECT_EQ(PhotographCache::resampleFactor(station), 1);
   station.GetCamera(1)->SetImageSize(768, 1025);
   EXPECT_EQ(PhotographCache::resampleFactor(station), 2);
+  station.GetCamera(1)->SetImageSize(std::numeric_limits<int>::max(), 1);
+  EXPECT_EQ(PhotographCache::resampleFactor(station), 1000);
+  station.GetCamera(1)->SetImageSize(0, 0);
+  EXPECT_EQ(PhotographCache::resampleFactor(station), 1);
   station.SetCamera(nullptr);
   EXPECT_EQ(PhotographCache::resampleFactor(station), 1);
 }

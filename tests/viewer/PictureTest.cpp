@@ -1,6 +1,5 @@
 #include "viewer/Picture.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 
@@ -59,7 +58,7 @@ TEST_F(PictureTest, FileThatCannotBeWrittenIsNamed) {
     picture.writePng(file);
     FAIL() << "nothing was thrown";
   } catch (const std::runtime_error& error) {
-    EXPECT_EQ(error.what(), file + ": the picture cannot be written");
+    EXPECT_EQ(error.what(), file + ": the picture cannot be written: No such file or directory");
   }
 }
 

@@ -32,9 +32,14 @@ TEST_F(ProjectFileTest, StationIsFoundByNameAndByStem) {
   EXPECT_EQ(ProjectFile::findStation(project, "right/a.jpg").GetName().str(), "right/a.jpg");
 }
 
-TEST_F(ProjectFileTest, StemOfTwoStationsFindsNone) {
+TEST_F(ProjectFileTest, StemOfTwoStationsIsAmbiguous) {
   EXPECT_EQ(refusal([this] { ProjectFile::findStation(project, "a"); }),
-            "there is no station \"a\"; the stations are: b.jpg, left/a.jpg, right/a.jpg");
+            "\"a\" is ambiguous; the stations of that name are: left/a.jpg, right/a.jpg");
+}
+
+TEST_F(ProjectFileTest, UnknownStationIsToldWhichThereAre) {
+  EXPECT_EQ(refusal([this] { ProjectFile::findStation(project, "c"); }),
+            "there is no station \"c\"; the stations are: b.jpg, left/a.jpg, right/a.jpg");
 }
 
 TEST_F(ProjectFileTest, UnknownPointIsToldWhichThereAre) {
@@ -58,12 +63,20 @@ TEST_F(ProjectFileTest, ProjectWithoutPointsSaysNone) {
 TEST_F(ProjectFileTest, PathThatIsNoModelIsNamed) {
   const std::string absent = folder.file("absent");
   EXPECT_EQ(refusal([&] { ProjectFile::open(absent, project, {}); }),
-            absent + ": found nothing, expected the folder of a COLMAP model");
+            absent + ": found nothing, expected a folder with a COLMAP model");
   const std::string file = folder.write("file.txt", "text");
   EXPECT_EQ(refusal([&] { ProjectFile::open(file, project, {}); }),
-            file + ": found a file, expected the folder of a COLMAP model");
+            file + ": found a file, expected a folder with a COLMAP model");
   EXPECT_THAT(refusal([&] { ProjectFile::open(folder.path(), project, {}); }),
               ::testing::StartsWith(folder.path() + ": found no COLMAP model, expected cameras"));
+}
+
+TEST_F(ProjectFileTest, FileThatAModelLacksIsNamed) {
+  folder.write("sparse/cameras.bin", "c");
+  folder.write("sparse/images.bin", "i");
+  EXPECT_EQ(refusal([&] { ProjectFile::open(folder.path(), project, {}); }),
+            folder.file("sparse/points3D.bin") +
+                ": found no such file, expected it beside the other files of the model");
 }
 
 TEST_F(ProjectFileTest, DemoProjectOpens) {

@@ -128,6 +128,19 @@ TEST_F(ProjectSceneTest, LookingThroughAStationLeavesItsSymbolOut) {
   EXPECT_EQ(count(scene.root(), TarnOICameraStationSeparator::getClassTypeId()), 11);
 }
 
+TEST_F(ProjectSceneTest, LookingThroughTheMarkedStationTakesTheMarkOff) {
+  ProjectScene scene(project);
+  scene.highlight(station(4));
+  ASSERT_TRUE(scene.setView(station(4)));
+  EXPECT_EQ(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+  // What came after it worked on the node that was gone.
+  scene.setImagePlanes(true);
+  scene.clearHighlight();
+  scene.highlight(station(4));
+  scene.highlight(station(5));
+  EXPECT_GT(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+}
+
 TEST_F(ProjectSceneTest, StationThatIsNotOrientedCannotBeLookedThrough) {
   tarn::CameraStation& lost = project.AddCameraStation();
   ProjectScene scene(project);

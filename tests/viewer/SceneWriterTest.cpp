@@ -119,6 +119,6 @@ TEST_F(SceneWriterTest, FileThatCannotBeWrittenIsNamed) {
     SceneWriter::write(root.get(), file);
     FAIL() << "nothing was thrown";
   } catch (const std::runtime_error& error) {
-    EXPECT_EQ(error.what(), file + ": the scene cannot be written");
+    EXPECT_EQ(error.what(), file + ": the scene cannot be written: No such file or directory");
   }
 }

@@ -10,6 +10,7 @@
 #include "tests/support/TarnTest.h"
 #include "viewer/Picture.h"
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
@@ -23,10 +24,11 @@ protected:
     std::string errors;
   };
 
-  Result run(const std::string& program, const std::string& arguments) const {
+  Result run(const std::string& program, const std::string& arguments,
+             const std::string& environment = {}) const {
     std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM XDG_CACHE_HOME=";
-    command += quoted("cache") + " '" + program + "' " + arguments;
-    command += " >" + quoted("output") + " 2>" + quoted("errors");
+    command += quoted("cache") + " " + environment + " '" + program + "'";
+    command += " >" + quoted("output") + " 2>" + quoted("errors") + " " + arguments;
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content("output"), content("errors")};
   }
@@ -119,7 +121,7 @@ TEST_F(TarnviewGLTest, RefusedProjectEndsWithOne) {
   const Result result = tarnview("/nowhere --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.errors,
-            "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model\n");
+            "tarnview: /nowhere: found nothing, expected a folder with a COLMAP model\n");
 }
 
 TEST_F(TarnviewGLTest, PictureThatCannotBeWrittenEndsWithOne) {
@@ -133,6 +135,48 @@ TEST_F(TarnviewGLTest, WindowWithoutDisplayIsToldAboutPictures) {
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.errors, HasSubstr("no display"));
   EXPECT_THAT(result.errors, HasSubstr("--render"));
+}
+
+TEST_F(TarnviewGLTest, DisplayThatCannotBeReachedIsNamed) {
+  for (const char* environment :
+       {"DISPLAY=:77", "DISPLAY=:77 QT_QPA_PLATFORM=nonsense", "DISPLAY=junk"}) {
+    const Result result = run(TARN_VIEW_PROGRAM, demo, environment);
+    EXPECT_EQ(result.status, 1) << environment;
+    EXPECT_THAT(result.errors, StartsWith("tarnview: there is no display to open a window on "
+                                          "(DISPLAY is "))
+        << environment;
+    EXPECT_THAT(result.errors, HasSubstr("which cannot be reached")) << environment;
+  }
+}
+
+TEST_F(TarnviewGLTest, StandardOutputThatIsFullEndsWithOne) {
+  for (const char* asked : {"--nodes", "--help", "--version"}) {
+    const Result result = tarnview(std::string(asked) + " >/dev/full");
+    EXPECT_EQ(result.status, 1) << asked;
+    EXPECT_EQ(result.errors,
+              "tarnview: the standard output cannot be written: No space left on device\n")
+        << asked;
+  }
+}
+
+TEST_F(TarnviewGLTest, SceneOnAFullDiskEndsWithOne) {
+  const Result result =
+      run("/bin/bash", "-c 'ulimit -f 64; exec \"$0\" \"$@\"' '" TARN_VIEW_PROGRAM "' " + demo +
+                           " --write " + quoted("scene.iv"));
+  EXPECT_EQ(result.status, 1);
+  // Coin has its say, too.
+  EXPECT_THAT(result.errors, EndsWith("tarnview: " + folder.file("scene.iv") +
+                                      ": the scene cannot be written: File too large\n"));
+  EXPECT_FALSE(std::filesystem::exists(folder.file("scene.iv")));
+}
+
+TEST_F(TarnviewGLTest, MarkedStationThatIsLookedThroughIsSaidToBeMissing) {
+  const std::string call = demo + " --view station:station01 --highlight station:station01.jpg" +
+                           " --size 40x30 --render " + quoted("a.png");
+  const Result result = tarnview(call);
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.errors, StartsWith("tarnview: station \"station01.jpg\" is not marked: "));
+  EXPECT_EQ(tarnview(call + " --image-planes").errors, "");
 }
 
 TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {

@@ -10,6 +10,7 @@
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoRayPickAction.h>
 #include <Inventor/nodes/SoCamera.h>
+#include <xcb/xcb.h>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
@@ -106,21 +107,25 @@ private:
   QPoint pressedAt;
 };
 
-bool isSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value && *value;
-}
-
 }  // namespace
 
 bool ViewerWindow::prepare(std::ostream& errors) {
-  // Coin draws through GLX, which a Wayland window has not got.
-  setenv("QT_QPA_PLATFORM", "xcb", 0);
-  const char* platform = std::getenv("QT_QPA_PLATFORM");
-  const bool needsDisplay = std::string(platform).starts_with("xcb");
-  if (!needsDisplay || isSet("DISPLAY")) return true;
-  errors << "tarnview: there is no display to open a window on (DISPLAY is not set); "
-            "--render FILE.png draws a picture without one\n";
+  // Coin draws through GLX, which only this platform of Qt has; a desktop's own setting
+  // (wayland, say) is for other programs.
+  setenv("QT_QPA_PLATFORM", "xcb", 1);
+  // Qt aborts the program when it finds no display, so it is looked for first.
+  const char* name = std::getenv("DISPLAY");
+  std::string reason = "DISPLAY is not set";
+  if (name && *name) {
+    if (xcb_connection_t* connection = xcb_connect(name, nullptr)) {
+      const bool reached = xcb_connection_has_error(connection) == 0;
+      xcb_disconnect(connection);
+      if (reached) return true;
+    }
+    reason = "DISPLAY is " + std::string(name) + ", which cannot be reached";
+  }
+  errors << "tarnview: there is no display to open a window on (" << reason
+         << "); --render FILE.png draws a picture without one\n";
   return false;
 }
 
