@@ -5,7 +5,6 @@
 #include <Inventor/SoFullPath.h>
 #include <Inventor/lists/SoActionMethodList.h>
 #include <Inventor/lists/SoEnabledElementsList.h>
-#include <Inventor/nodes/SoNode.h>
 
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
@@ -19,7 +18,6 @@ constexpr const char* sourceFile = "TarnOISearchAction";
 SoEnabledElementsList* TarnOISearchAction::enabledElements = nullptr;
 SoActionMethodList* TarnOISearchAction::methods = nullptr;
 SoType TarnOISearchAction::classTypeId{};
-unsigned int TarnOISearchAction::version = 1;
 
 void TarnOISearchAction::initClass() {
   if (!TARNOI_ASSERT(TarnOISearchAction::getClassTypeId() == SoType::badType(),
@@ -33,7 +31,6 @@ void TarnOISearchAction::initClass() {
   classTypeId = SoType::createType(SoSearchAction::getClassTypeId(), "TarnOISearchAction");
   enabledElements = new SoEnabledElementsList(SoSearchAction::getClassEnabledElements());
   methods = new SoActionMethodList(SoSearchAction::getClassActionMethods());
-  ++version;
   cc_coin_atexit(atexit_cleanup);
 }
 
@@ -55,7 +52,6 @@ SoType TarnOISearchAction::getTypeId() const { return classTypeId; }
 void TarnOISearchAction::addMethod(SoType nodeType, SoActionMethod method) {
   if (!TARNOI_ASSERT(methods, "TarnOISearchAction::methods", sourceFile)) return;
   methods->addMethod(nodeType, method);
-  ++version;
 }
 
 void TarnOISearchAction::enableElement(SoType elementType, int stackIndex) {
@@ -78,23 +74,27 @@ TarnOISearchAction::TarnOISearchAction() {
   if (methods) traversalMethods = methods;
 }
 
-TarnOISearchAction* TarnOISearchAction::from(SoSearchAction* action) {
-  return action->getTypeId().isDerivedFrom(classTypeId) ? static_cast<TarnOISearchAction*>(action)
-                                                        : nullptr;
-}
-
-bool TarnOISearchAction::mayMatch(const SoNode& node) {
-  if (node.getChildren()) return true;
-  const SoType type = node.getTypeId();
-  // A method that the host added may do anything.
-  if (methods && (*methods)[SoNode::getActionMethodIndex(type)] != &SoNode::searchS) return true;
-  // Coin's own leaves know nothing of model objects, neither do labels and highlights.
-  return !node.getIsBuiltIn() && type != TarnOIText2::getClassTypeId() &&
-         type != TarnOIMaterialWithPriority::getClassTypeId() &&
-         type != TarnOIDrawStyle::getClassTypeId();
-}
-
 bool TarnOISearchAction::addCurrentPath() {
   addPath(getCurPath()->copy());
   return isFound();
+}
+
+void TarnOISearchAction::beginTraversal(SoNode* node) {
+  verdicts.assign(static_cast<std::size_t>(SoType::getNumTypes()), Verdict::unknown);
+  SoSearchAction::beginTraversal(node);
+}
+
+TarnOISearchAction::Verdict TarnOISearchAction::judge(const SoNode& node) {
+  if (node.getChildren()) return Verdict::visit;
+  const SoType type = node.getTypeId();
+  // A method that the host added may do anything.
+  if (methods && (*methods)[SoNode::getActionMethodIndex(type)] != &SoNode::searchS) {
+    return Verdict::visit;
+  }
+  // Coin's own leaves know nothing of model objects, neither do labels and highlights.
+  const bool answersForNothing =
+      node.getIsBuiltIn() || type == TarnOIText2::getClassTypeId() ||
+      type == TarnOIMaterialWithPriority::getClassTypeId() ||
+      type == TarnOIDrawStyle::getClassTypeId();
+  return answersForNothing ? Verdict::skip : Verdict::visit;
 }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/actions/SoSubAction.h>
+#include <Inventor/nodes/SoNode.h>
 
 #include "nodes/TarnOIExport.h"
-
-class SoNode;
 
 namespace tarn {
 class VObject;
@@ -39,29 +41,43 @@ public:
   tarn::VObject* GetTarnObject() const { return tarnObject; }
 
   /// `action` as an action of this class; null when it is another.
-  static TarnOISearchAction* from(SoSearchAction* action);
+  static TarnOISearchAction* from(SoSearchAction* action) {
+    const SoType type = action->getTypeId();
+    return type == classTypeId || type.isDerivedFrom(classTypeId)
+               ? static_cast<TarnOISearchAction*>(action)
+               : nullptr;
+  }
 
   /// Whether the object is all that is sought: no node, name or type besides it.
   bool seeksOnlyTarnObject() const { return getFind() == 0; }
 
-  /// Whether a search for a model object alone has to visit `node`: groups, and leaves
-  /// that can answer for an object, such as materials and textures. Coordinates, shapes and
-  /// transforms need no visit.
-  static bool mayMatch(const SoNode& node);
-
-  /// Changes, and is never 0, whenever answers of mayMatch may: a traversal method was added,
-  /// or the class registered anew.
-  static unsigned int methodsVersion() { return version; }
+  /// Whether a search for a model object alone has to visit nodes of this type, of which
+  /// `node` is one: groups, and leaves that can answer for an object, such as materials and
+  /// textures. Coordinates, shapes and transforms need no visit. Known only while the action
+  /// is applied; before, every node is to be visited.
+  bool mayMatch(const SoNode& node) {
+    const auto key = static_cast<std::size_t>(node.getTypeId().getKey());
+    if (key >= verdicts.size()) return true;
+    if (verdicts[key] == Verdict::unknown) verdicts[key] = judge(node);
+    return verdicts[key] == Verdict::visit;
+  }
 
   /// Adds a copy of the current path; returns whether the search is at its end.
   bool addCurrentPath();
 
+protected:
+  void beginTraversal(SoNode* node) override;
+
 private:
+  // What is known of a type, by its key; found out once for each search.
+  enum class Verdict : unsigned char { unknown, visit, skip };
+  static Verdict judge(const SoNode& node);
+
   static void atexit_cleanup();
   static SoEnabledElementsList* enabledElements;
   static SoActionMethodList* methods;
   static SoType classTypeId;
-  static unsigned int version;
 
   tarn::VObject* tarnObject = nullptr;
+  std::vector<Verdict> verdicts;
 };

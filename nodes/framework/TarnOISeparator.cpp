@@ -188,14 +188,9 @@ void TarnOISeparator::rayPick(SoRayPickAction* action) {
 void TarnOISeparator::search(SoSearchAction* action) {
   if (auto* search = TarnOISearchAction::from(action)) {
     if (search->GetTarnObject() == tarnObject && search->addCurrentPath()) return;
-    if (search->seeksOnlyTarnObject() && !childrenMayMatch()) return;
+    if (search->seeksOnlyTarnObject() && !childrenMayMatch(*search)) return;
   }
   SoSeparator::search(action);
-}
-
-void TarnOISeparator::notify(SoNotList* list) {
-  noMatchBelow = 0;
-  SoSeparator::notify(list);
 }
 
 void TarnOISeparator::enableElements(const char* className) {
@@ -242,15 +237,10 @@ bool TarnOISeparator::isInvisible(SoAction* action) const {
          SoDrawStyleElement::get(state) == SoDrawStyleElement::INVISIBLE;
 }
 
-bool TarnOISeparator::childrenMayMatch() {
-  // Remembered, because among a hundred thousand nodes the time goes into fetching their
-  // children from memory.
-  const unsigned int current = TarnOISearchAction::methodsVersion();
-  if (noMatchBelow == current) return false;
+bool TarnOISeparator::childrenMayMatch(TarnOISearchAction& search) const {
   const int count = children->getLength();
   for (int i = 0; i < count; ++i) {
-    if (TarnOISearchAction::mayMatch(*(*children)[i])) return true;
+    if (search.mayMatch(*(*children)[i])) return true;
   }
-  noMatchBelow = current;
   return false;
 }

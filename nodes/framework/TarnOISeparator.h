@@ -59,7 +59,6 @@ public:
   void pick(SoPickAction* action) override;
   void rayPick(SoRayPickAction* action) override;
   void search(SoSearchAction* action) override;
-  void notify(SoNotList* list) override;
 
 protected:
   TarnOISeparator();
@@ -97,11 +96,7 @@ private:
   static void putEntry(tarn::VDictionary* dict, tarn::VObject* key, SoNode* node);
   static void removeEntry(tarn::VDictionary* dict, tarn::VObject* key);
   bool isInvisible(SoAction* action) const;
-  bool childrenMayMatch();
-
-  // The search action's methodsVersion for which no child can answer for a model object; 0
-  // while that is not known, and again whenever the children change.
-  unsigned int noMatchBelow = 0;
+  bool childrenMayMatch(TarnOISearchAction& search) const;
 };
 
 /// The definition of initClass of a class derived from TarnOISeparator.

@@ -138,13 +138,15 @@ TEST_F(TarnOISearchActionTest, AMethodOfTheHostIsCalledForItsType) {
 }
 
 TEST_F(TarnOISearchActionTest, LeavesThatAnswerForNoObjectNeedNoVisit) {
-  // The method list is complete once an action was applied.
   auto root = makeNode<SoGroup>();
-  TarnOISearchAction().apply(root.get());
-  const auto mayMatch = [](SoNode* node) {
+  TarnOISearchAction search;
+  const auto mayMatch = [&search](SoNode* node) {
     const NodeRef<SoNode> held(node);
-    return TarnOISearchAction::mayMatch(*node);
+    return search.mayMatch(*node);
   };
+  // Nothing is known before the action is applied.
+  EXPECT_TRUE(mayMatch(new SoCube));
+  search.apply(root.get());
   EXPECT_FALSE(mayMatch(new SoCube));
   EXPECT_FALSE(mayMatch(new SoTranslation));
   EXPECT_FALSE(mayMatch(new SoMaterial));
