@@ -45,10 +45,10 @@ constexpr std::array table = {
                            "hides nodes from bounding boxes and picks too"),
     entry<TarnOITexture>("TarnOITexture", "SoTexture2", "an image file, shared by its path"),
     entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
-    entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
-                                        "a camera station: symbol, frustum, photograph, label"),
     entry<TarnOIObjectPointSeparator>("TarnOIObjectPointSeparator", "TarnOISeparator",
                                       "an object point: marker, colour, label and error ellipsoid"),
+    entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
+                                        "a camera station: symbol, frustum, photograph, label"),
 };
 
 }  // namespace
@@ -57,9 +57,9 @@ std::span<const ClassEntry> classes() { return table; }
 
 void initClasses() {
   bool any = false;
-  for (const ClassEntry& entry : table) {
-    if (entry.getClassTypeId() != SoType::badType()) continue;
-    entry.initClass();
+  for (const ClassEntry& listed : table) {
+    if (listed.getClassTypeId() != SoType::badType()) continue;
+    listed.initClass();
     any = true;
   }
   // A second call must neither fill Coin's marker table nor undo an application's symbols.
@@ -67,7 +67,7 @@ void initClasses() {
 }
 
 void cleanUpClasses() {
-  for (const ClassEntry& entry : std::views::reverse(table)) entry.cleanUpInitClass();
+  for (const ClassEntry& listed : std::views::reverse(table)) listed.cleanUpInitClass();
 }
 
 }  // namespace TarnOI

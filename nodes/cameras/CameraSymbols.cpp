@@ -14,6 +14,7 @@
 #include "host/general/Colour.h"
 #include "host/general/Preferences.h"
 #include "nodes/cameras/DetailedCameraMesh.h"
+#include "nodes/framework/SceneColor.h"
 
 namespace CameraSymbols {
 
@@ -156,8 +157,8 @@ Rgb partColor(const char* partAndKind, double defaultValue) {
 Rgb stationColor() {
   const tarn::Colour colour = tarn::gPref->GetPreference(
       "CameraStationColor(RRRGGGBBB_0-255)", tarn::Colour(44, 43, 43), "ProjectViewer(3D_Viewer)");
-  const std::uint8_t* bytes = colour.bytes();
-  return {bytes[2] / 255.0, bytes[1] / 255.0, bytes[0] / 255.0};
+  const auto [red, green, blue] = SceneColor::componentsOf(colour);
+  return {red, green, blue};
 }
 
 constexpr double dark = 0.1137254901960784;    // 29 / 255

@@ -76,11 +76,9 @@ void setTexture(TarnOITexture* texture, const tarn::CameraStation& station,
       return;
     }
   }
-  // A texture remembers its dictionary when its path changes, and reports at its end that it
-  // was given none. A missing photograph is no error, so the path changes here to an empty
-  // one and back to none: the dictionary is known, and nothing stays in it.
-  texture->SetFileName(std::make_shared<tarn::VPathString>(), dict);
-  texture->SetFileName(std::shared_ptr<tarn::VPathString>(), dict);
+  // A texture reports at its end that it was given no dictionary. A missing photograph is no
+  // error: the texture knows its dictionary and is not in it.
+  texture->SetDictionary(dict);
 }
 
 }  // namespace

@@ -130,9 +130,6 @@ void TarnOICameraStationSeparator::ReplaceCameraStations(tarn::CameraStation* st
   removeAllChildren();
   labelText.reset();
   labelTranslation.reset();
-  frustumSwitch.reset();
-  frustumCoords.reset();
-  frustumLines.reset();
   SetCameraStation(station, dict, scale, withImagePlane, withSymbolToo, projectExtents);
 }
 
@@ -259,6 +256,33 @@ void TarnOICameraStationSeparator::Highlight(SoMaterial* material, int on) {
   insertChild(material, index);
 }
 
+void TarnOICameraStationSeparator::copyContents(const SoFieldContainer* from,
+                                                SbBool copyConnections) {
+  TarnOISeparator::copyContents(from, copyConnections);
+  const auto* other = static_cast<const TarnOICameraStationSeparator*>(from);
+  const auto own = [this, other]<typename Node>(NodeRef<Node>& mine, const NodeRef<Node>& theirs) {
+    const int index = theirs ? other->findChild(theirs.get()) : -1;
+    mine = NodeRef(index == -1 ? nullptr : static_cast<Node*>(getChild(index)));
+  };
+  own(scaleNode, other->scaleNode);
+  own(labelText, other->labelText);
+  own(labelTranslation, other->labelTranslation);
+  showImagePlane = other->showImagePlane;
+  showSymbolWithImage = other->showSymbolWithImage;
+  frustumScale = other->frustumScale;
+  frustumOnlyWhenSelected = other->frustumOnlyWhenSelected;
+  isSelectedFlag = other->isSelectedFlag;
+  frustumWhichChild = other->frustumWhichChild;
+  if (!other->frustumSwitch || getNumChildren() == 0) return;
+  // The switch is the only child of the first one; a highlight may stand in it first.
+  auto* first = static_cast<SoGroup*>(getChild(0));
+  frustumSwitch = NodeRef(static_cast<SoSwitch*>(first->getChild(0)));
+  const int count = frustumSwitch->getNumChildren();
+  if (count < 2) return;
+  frustumCoords = NodeRef(static_cast<SoCoordinate3*>(frustumSwitch->getChild(count - 2)));
+  frustumLines = NodeRef(static_cast<SoLineSet*>(frustumSwitch->getChild(count - 1)));
+}
+
 void TarnOICameraStationSeparator::UpdateFrustum(tarn::Extents* projectExtents) {
   if (!projectExtents) return;
   if (!TARNOI_ASSERT(tarnObject, "tarnObject", sourceFile)) return;
@@ -285,6 +309,9 @@ void TarnOICameraStationSeparator::UpdateFrustum(tarn::Extents* projectExtents) 
 }
 
 void TarnOICameraStationSeparator::buildChildren(const tarn::CameraStation& station) {
+  // Of children that an application dropped the label is not taken up again.
+  labelText.reset();
+  labelTranslation.reset();
   buildFrustum();
   auto* complexity = new SoComplexity;
   addChild(complexity);

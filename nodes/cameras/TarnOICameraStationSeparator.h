@@ -42,31 +42,33 @@ class TARNOI_EXPORT TarnOICameraStationSeparator : public TarnOISeparator {
 
 public:
   TarnOICameraStationSeparator();
-  /// Copies share the nodes that the members point to; they are not bound.
+  /// Copies the members, which then share the other node's children; none becomes a child of
+  /// this node, and it is not entered into the dictionary. Coin's `copy` makes a node with
+  /// children of its own.
   TarnOICameraStationSeparator(const TarnOICameraStationSeparator& other);
   TarnOICameraStationSeparator& operator=(const TarnOICameraStationSeparator& other);
 
   /// Binds the node and builds it. On a node that has children already only position,
   /// rotation and frustum follow the station.
   /// @param scale scales all that follows it; shared by the stations; may be null
-  /// @param showImagePlane non-zero shows the photograph
-  /// @param showSymbolWithImage non-zero shows the symbol besides the photograph
+  /// @param withImagePlane non-zero shows the photograph
+  /// @param withSymbolToo non-zero shows the symbol besides the photograph
   /// @param projectExtents the project's box in model coordinates, to whose middle the
   ///        frustum reaches; null leaves the frustum as it is
-  void SetCameraStation(tarn::CameraStation* station, tarn::VDictionary* searchDict, SoScale* scale,
-                        int showImagePlane, int showSymbolWithImage, tarn::Extents* projectExtents);
+  void SetCameraStation(tarn::CameraStation* station, tarn::VDictionary* dict, SoScale* scale,
+                        int withImagePlane, int withSymbolToo, tarn::Extents* projectExtents);
 
   /// The same on a node that is emptied first; the label is forgotten with the other
   /// children.
-  void ReplaceCameraStations(tarn::CameraStation* station, tarn::VDictionary* searchDict,
-                             SoScale* scale, int showImagePlane, int showSymbolWithImage,
-                             tarn::Extents* projectExtents);
+  void ReplaceCameraStations(tarn::CameraStation* station, tarn::VDictionary* dict, SoScale* scale,
+                             int withImagePlane, int withSymbolToo, tarn::Extents* projectExtents);
 
   /// Sets a perspective camera so that the viewer looks through the station: position,
   /// orientation, view angle and aspect ratio of its ideal camera. The near distance becomes
   /// the focal length, as it stands, and the far distance 1000.
   /// @param affine brings the station through this affine first; may be null
-  /// @return 0 for a station that is not oriented (the camera is left alone), else 1
+  /// @return 0 for a station that is not oriented and for a null camera (the camera is left
+  ///         alone), else 1; a station without a camera of its own sets the pose only
   static int SetCameraToMatchPhoto(SoCamera* camera, tarn::CameraStation* station,
                                    tarn::BasicAffine* affine);
 
@@ -88,6 +90,10 @@ public:
   /// With `on` non-zero puts the material in front of the frustum's lines and in front of the
   /// symbol's body, or of the image plane where there is no symbol; with zero takes it out.
   void Highlight(SoMaterial* material, int on) override;
+
+  /// The members of a copy are its own children. The copy shows no model object until a
+  /// setter binds it.
+  void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
 
 protected:
   ~TarnOICameraStationSeparator() override;

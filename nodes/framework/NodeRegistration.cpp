@@ -73,12 +73,14 @@ void NodeRegistration::cleanUp() {
 }
 
 void NodeRegistration::construct() {
-  const StaticDataGuard guard;
-  ++instances;
-  if (classType == SoType::badType()) {
-    const std::string forgotten =
-        std::string(className) + "::classTypeId != SoType::badType() && \"you forgot init()!\"";
-    tarn::assertError(forgotten.c_str(), className, __LINE__);
+  {
+    const StaticDataGuard guard;
+    ++instances;
+    if (!fieldData) fieldData = new SoFieldData(parentFieldData ? *parentFieldData : nullptr);
+    if (classType != SoType::badType()) return;
   }
-  if (!fieldData) fieldData = new SoFieldData(parentFieldData ? *parentFieldData : nullptr);
+  // Reported with the lock released: a handler may make nodes itself.
+  const std::string forgotten =
+      std::string(className) + "::classTypeId != SoType::badType() && \"you forgot init()!\"";
+  tarn::assertError(forgotten.c_str(), className, __LINE__);
 }

@@ -58,8 +58,9 @@ private:
   void (*releaseShared)() = nullptr;
 };
 
-/// Static and virtual members that every node class has, to stand first in the class.
-/// A class that is not abstract adds TARNOI_NODE_FACTORY.
+/// Static and virtual members that every node class has, to stand first in the class:
+/// TARNOI_NODE_HEADER, or TARNOI_ABSTRACT_NODE_HEADER in a class of which no instances are
+/// made.
 #define TARNOI_ABSTRACT_NODE_HEADER(Class)          \
 public:                                             \
   static void initClass();                          \
@@ -80,11 +81,10 @@ public:                           \
   static void* createInstance();  \
   TARNOI_ABSTRACT_NODE_HEADER(Class)
 
-/// The definitions that belong to the headers above. The parent is named twice: as the
-/// C++ class whose field data is inherited, and as the type it is registered under.
-#define TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, ParentName, factory)                  \
+/// What the two macros for source files share; classes use one of those.
+#define TARNOI_NODE_SOURCE_WITH_FACTORY_(Class, Parent, factory)                          \
   constinit NodeRegistration Class::registration{                                         \
-      #Class, ParentName, [] { return Parent::getFieldDataPtr(); }, factory};             \
+      #Class, #Parent, [] { return Parent::getFieldDataPtr(); }, factory};                \
   void Class::CleanUpInitClass() { registration.cleanUp(); }                              \
   void Class::atexit_cleanup() { registration.cleanUp(); }                                \
   SoType Class::getClassTypeId() { return registration.type(); }                          \
@@ -93,12 +93,13 @@ public:                           \
   const SoFieldData* Class::getFieldData() const { return registration.getFieldData(); }  \
   static_assert(true)
 
+/// The definitions that belong to the headers above.
 #define TARNOI_ABSTRACT_NODE_SOURCE(Class, Parent) \
-  TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, #Parent, nullptr)
+  TARNOI_NODE_SOURCE_WITH_FACTORY_(Class, Parent, nullptr)
 
 #define TARNOI_NODE_SOURCE(Class, Parent)             \
   void* Class::createInstance() { return new Class; } \
-  TARNOI_ABSTRACT_NODE_SOURCE_(Class, Parent, #Parent, &Class::createInstance)
+  TARNOI_NODE_SOURCE_WITH_FACTORY_(Class, Parent, &Class::createInstance)
 
 /// To stand first in every constructor.
 #define TARNOI_NODE_CONSTRUCTOR() \

@@ -4,15 +4,23 @@
 
 #include "host/general/Colour.h"
 
+#include <array>
+#include <cstdint>
+
 /// Host colours as scene colours.
 namespace SceneColor {
 
-/// Each byte divided by 255 in double, then narrowed. The host's bytes stand in the
+/// Red, green and blue of 0 to 1: each byte divided by 255. The host's bytes stand in the
 /// order blue, green, red.
-inline SbColor from(const tarn::Colour& colour) {
+inline std::array<double, 3> componentsOf(const tarn::Colour& colour) {
   const std::uint8_t* bytes = colour.bytes();
-  return SbColor(static_cast<float>(bytes[2] / 255.0), static_cast<float>(bytes[1] / 255.0),
-                 static_cast<float>(bytes[0] / 255.0));
+  return {bytes[2] / 255.0, bytes[1] / 255.0, bytes[0] / 255.0};
+}
+
+/// The same as a scene colour, narrowed after the division.
+inline SbColor from(const tarn::Colour& colour) {
+  const auto [red, green, blue] = componentsOf(colour);
+  return SbColor(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
 }
 
 }  // namespace SceneColor

@@ -21,6 +21,7 @@ public:
   SoSeparatorWithLayerDict(const SoSeparatorWithLayerDict& other);
   SoSeparatorWithLayerDict& operator=(const SoSeparatorWithLayerDict& other);
 
+  /// The host's map; empty in a new node.
   LayerDict layerDict;
 
 protected:

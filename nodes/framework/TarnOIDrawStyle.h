@@ -8,6 +8,10 @@
 /// A draw style that acts on bounding boxes and ray picks too: model-bound nodes after
 /// one whose style is INVISIBLE are neither measured nor picked. A plain SoDrawStyle acts
 /// on drawing only.
+///
+///     auto* style = new TarnOIDrawStyle;
+///     style->style = SoDrawStyle::INVISIBLE;
+///     layer->insertChild(style, 0);
 class TARNOI_EXPORT TarnOIDrawStyle : public SoDrawStyle {
   TARNOI_NODE_HEADER(TarnOIDrawStyle);
 

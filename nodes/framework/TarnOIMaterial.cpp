@@ -19,15 +19,15 @@ TarnOIMaterial& TarnOIMaterial::operator=(const TarnOIMaterial& other) {
 
 TarnOIMaterial::~TarnOIMaterial() = default;
 
-void TarnOIMaterial::SetMaterial(tarn::Material* m) {
-  material = m;
-  if (!m) return;
+void TarnOIMaterial::SetMaterial(tarn::Material* newMaterial) {
+  material = newMaterial;
+  if (!material) return;
   tarn::Colour ambient;
   tarn::Colour diffuse;
   tarn::Colour specular;
   tarn::Colour emissive;
   double shine = 0.0;
-  m->GetFixedColor(ambient, diffuse, specular, emissive, shine);
+  material->GetFixedColor(ambient, diffuse, specular, emissive, shine);
   ambientColor.setValue(0.9F, 0.9F, 0.9F);
   diffuseColor.setValue(SceneColor::from(diffuse));
   specularColor.setValue(SceneColor::from(specular));
@@ -42,11 +42,5 @@ SoNode* TarnOIMaterial::copy(SbBool copyConnections) const {
 }
 
 void TarnOIMaterial::search(SoSearchAction* action) {
-  if (action->isFound()) return;
-  if (auto* search = TarnOISearchAction::from(action)) {
-    // A search for an object matches by the object alone, never by name or type.
-    if (search->GetTarnObject() == material) search->addCurrentPath();
-    return;
-  }
-  SoMaterial::search(action);
+  if (!TarnOISearchAction::searchLeaf(action, material)) SoMaterial::search(action);
 }

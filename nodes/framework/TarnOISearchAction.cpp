@@ -98,3 +98,11 @@ TarnOISearchAction::Verdict TarnOISearchAction::judge(const SoNode& node) {
       type == TarnOIDrawStyle::getClassTypeId();
   return answersForNothing ? Verdict::skip : Verdict::visit;
 }
+
+bool TarnOISearchAction::searchLeaf(SoSearchAction* action, const tarn::VObject* object) {
+  if (action->isFound()) return true;
+  TarnOISearchAction* search = from(action);
+  if (!search) return false;
+  if (search->tarnObject == object) search->addCurrentPath();
+  return true;
+}

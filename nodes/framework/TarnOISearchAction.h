@@ -65,6 +65,12 @@ public:
   /// Adds a copy of the current path; returns whether the search is at its end.
   bool addCurrentPath();
 
+  /// The search of a leaf that answers for `object`, such as a material for its host
+  /// material: nothing once the action has found what it seeks. An action of this class
+  /// matches it by the object alone, never by name or type.
+  /// @return whether this was all; else the leaf's ordinary search is to run
+  static bool searchLeaf(SoSearchAction* action, const tarn::VObject* object);
+
 protected:
   void beginTraversal(SoNode* node) override;
 

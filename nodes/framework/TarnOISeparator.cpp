@@ -23,7 +23,7 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/ViewerFrame.h"
 
-TARNOI_ABSTRACT_NODE_SOURCE_(TarnOISeparator, SoSeparator, "SoSeparator", nullptr);
+TARNOI_ABSTRACT_NODE_SOURCE(TarnOISeparator, SoSeparator);
 TARNOI_SEPARATOR_INIT_CLASS(TarnOISeparator);
 
 namespace {

@@ -35,6 +35,7 @@ public:
   /// dictionary; a null `dict` binds without an entry. Neither is owned; both must
   /// outlive the node.
   void SetTarnObject(tarn::VObject* object, tarn::VDictionary* dict);
+  /// The model object that the node shows; null while it is unbound.
   tarn::VObject* GetTarnObject() const { return tarnObject; }
 
   /// With `on` non-zero puts `material` directly after the last material that the node
@@ -54,14 +55,18 @@ public:
                                              int applyScale, int applyTranslation,
                                              int applyViewOffset, int inverse);
 
+  /// Draws the children without a render cache for them alone.
   void GLRenderBelowPath(SoGLRenderAction* action) override;
+  /// This and the next two do nothing under an invisible draw style.
   void getBoundingBox(SoGetBoundingBoxAction* action) override;
   void pick(SoPickAction* action) override;
   void rayPick(SoRayPickAction* action) override;
+  /// Matches a TarnOISearchAction that seeks the model object; then as any separator.
   void search(SoSearchAction* action) override;
 
 protected:
   TarnOISeparator();
+  /// Copies the members; no entry is made in the dictionary.
   TarnOISeparator(const TarnOISeparator& other);
   TarnOISeparator& operator=(const TarnOISeparator& other);
   ~TarnOISeparator() override;

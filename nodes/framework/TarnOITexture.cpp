@@ -20,6 +20,8 @@ TarnOITexture::TarnOITexture() { TARNOI_NODE_CONSTRUCTOR(); }
 TarnOITexture::TarnOITexture(const TarnOITexture& other) : TarnOITexture() { *this = other; }
 
 TarnOITexture& TarnOITexture::operator=(const TarnOITexture& other) {
+  if (this == &other) return *this;
+  if (ownedFileName != other.ownedFileName) releaseOwnedFileName();
   fileName = other.fileName;
   tarnoi_searchDict = other.tarnoi_searchDict;
   ownedFileName = other.ownedFileName;
@@ -34,6 +36,7 @@ TarnOITexture::~TarnOITexture() {
 
 void TarnOITexture::SetFileName(tarn::VPathString* path, tarn::VDictionary* dict) {
   TARNOI_ASSERT(dict, "searchDict", sourceFile);
+  if (path != ownedFileName.get()) releaseOwnedFileName();
   if (path != fileName) {
     if (fileName && dict) dict->removeKey(fileName);
     if (path && dict) dict->atKeyPut(path, this);
@@ -49,19 +52,26 @@ void TarnOITexture::SetFileName(std::shared_ptr<tarn::VPathString> path, tarn::V
   ownedFileName = std::move(path);
 }
 
+void TarnOITexture::SetDictionary(tarn::VDictionary* dict) {
+  if (dict) tarnoi_searchDict = dict;
+}
+
 SoNode* TarnOITexture::copy(SbBool copyConnections) const {
   auto* result = static_cast<TarnOITexture*>(SoTexture2::copy(copyConnections));
   result->SetFileName(fileName, tarnoi_searchDict);
   result->ownedFileName = ownedFileName;
+  result->SetDictionary(tarnoi_searchDict);
   return result;
 }
 
 void TarnOITexture::search(SoSearchAction* action) {
-  if (action->isFound()) return;
-  if (auto* search = TarnOISearchAction::from(action)) {
-    // A search for an object matches by the object alone, never by name or type.
-    if (search->GetTarnObject() == fileName) search->addCurrentPath();
-    return;
-  }
-  SoTexture2::search(action);
+  if (!TarnOISearchAction::searchLeaf(action, fileName)) SoTexture2::search(action);
+}
+
+void TarnOITexture::releaseOwnedFileName() {
+  if (!ownedFileName) return;
+  // The path may end here: no dictionary may keep it as a key, whichever is passed next.
+  if (tarnoi_searchDict && fileName == ownedFileName.get()) tarnoi_searchDict->removeKey(fileName);
+  if (fileName == ownedFileName.get()) fileName = nullptr;
+  ownedFileName.reset();
 }

@@ -301,7 +301,9 @@ void TarnOIObjectPointSeparator::CreateSphereSeparator() {
 }
 
 tarn::ObjectPoint* TarnOIObjectPointSeparator::point() const {
-  return static_cast<tarn::ObjectPoint*>(tarnObject);
+  return tarnObject && tarnObject->isA(tarn::ObjectPointCls)
+             ? static_cast<tarn::ObjectPoint*>(tarnObject)
+             : nullptr;
 }
 
 void TarnOIObjectPointSeparator::hideErrorEllipsoid() {

@@ -204,6 +204,13 @@ TEST_F(ImagePlaneTest, MissingPhotographLeavesTheTextureEmptyWithoutAReport) {
   EXPECT_EQ(dictionary.size(), 0);
 }
 
+TEST_F(ImagePlaneTest, MissingPhotographChangesNothingInTheDictionary) {
+  photograph.SetImageFile(folder.file("missing.jpg").c_str());
+  dictionary.takeChanges();
+  texture();
+  EXPECT_EQ(dictionary.takeChanges().size(), 1U);  // the station
+}
+
 TEST_F(ImagePlaneTest, UnreadablePhotographLeavesTheTextureEmptyWithoutAReport) {
   photograph.SetImageFile(folder.write("broken.jpg", "this is not a picture").c_str());
   EXPECT_STREQ(texture()->filename.getValue().getString(), "");

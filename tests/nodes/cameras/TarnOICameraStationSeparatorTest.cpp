@@ -122,6 +122,37 @@ TEST_F(TarnOICameraStationSeparatorTest, SceneGraphCopyShowsTheSameAndIsUnbound)
   EXPECT_EQ(copy->getNumChildren(), node->getNumChildren());
 }
 
+TEST_F(TarnOICameraStationSeparatorTest, SceneGraphCopyHasALabelAndAFrustumOfItsOwn) {
+  auto node = built();
+  node->UpdateTextLable(1);
+  const NodeRef<SoNode> copied(node->copy());
+  auto* copy = static_cast<TarnOICameraStationSeparator*>(copied.get());
+  copy->SetCameraStation(&station, &dictionary, scale.get(), 0, 0, &extents);
+  const int children = copy->getNumChildren();
+  copy->UpdateTextLable(1);
+  EXPECT_EQ(copy->getNumChildren(), children) << "a second label";
+  copy->UpdateTextLable(0);
+  EXPECT_EQ(copy->getNumChildren(), children - 2);
+  EXPECT_EQ(node->getNumChildren(), children) << "the label of the original";
+
+  const auto switchOf = [](TarnOICameraStationSeparator* separator) {
+    return static_cast<SoSwitch*>(static_cast<SoGroup*>(separator->getChild(0))->getChild(0));
+  };
+  copy->ShowFrustum(1, 0, 1.0, &extents);
+  EXPECT_EQ(switchOf(copy)->whichChild.getValue(), SO_SWITCH_ALL);
+  EXPECT_EQ(switchOf(node.get())->whichChild.getValue(), SO_SWITCH_NONE);
+}
+
+TEST_F(TarnOICameraStationSeparatorTest, LabelComesBackAfterTheChildrenWereDropped) {
+  auto node = built();
+  node->UpdateTextLable(1);
+  node->removeAllChildren();
+  node->SetCameraStation(&station, &dictionary, scale.get(), 0, 0, &extents);
+  const int children = node->getNumChildren();
+  node->UpdateTextLable(1);
+  EXPECT_EQ(node->getNumChildren(), children + 2);
+}
+
 // ---- Building -------------------------------------------------------------------------
 
 TEST_F(TarnOICameraStationSeparatorTest, BindsTheStation) {

@@ -262,3 +262,38 @@ TEST_F(TarnOITextureTest, ASearchThatIsAtItsEndAddsNothing) {
   texture->search(&search);
   EXPECT_EQ(search.getPath(), found);
 }
+
+TEST_F(TarnOITextureTest, OwnedPathLeavesTheDictionaryItWasEnteredIntoBeforeItEnds) {
+  auto texture = makeNode<TarnOITexture>();
+  texture->SetFileName(std::make_shared<tarn::VPathString>(path), &dictionary);
+  EXPECT_EQ(dictionary.size(), 1);
+  texture->SetFileName(std::make_shared<tarn::VPathString>(second), &otherDictionary);
+  EXPECT_EQ(dictionary.size(), 0);
+  EXPECT_EQ(otherDictionary.atKey(&second), texture.get());
+}
+
+TEST_F(TarnOITextureTest, OwnedPathLeavesTheDictionaryWhenAPathOfTheHostFollows) {
+  auto texture = makeNode<TarnOITexture>();
+  texture->SetFileName(std::make_shared<tarn::VPathString>(path), &dictionary);
+  texture->SetFileName(&second, &otherDictionary);
+  EXPECT_EQ(dictionary.size(), 0);
+  EXPECT_EQ(texture->GetFileName(), &second);
+}
+
+TEST_F(TarnOITextureTest, AssignmentTakesAnOwnedPathOutOfItsDictionary) {
+  auto texture = makeNode<TarnOITexture>();
+  texture->SetFileName(std::make_shared<tarn::VPathString>(path), &dictionary);
+  auto other = makeNode<TarnOITexture>();
+  other->SetFileName(&second, &otherDictionary);
+  *texture = *other;
+  EXPECT_EQ(dictionary.size(), 0);
+  EXPECT_EQ(texture->GetFileName(), &second);
+}
+
+TEST_F(TarnOITextureTest, RememberedDictionaryIsNotEnteredAndSparesTheReport) {
+  auto texture = makeNode<TarnOITexture>();
+  texture->SetDictionary(&dictionary);
+  EXPECT_THAT(dictionary.takeChanges(), IsEmpty());
+  const NodeRef<SoNode> copied(texture->copy());
+  texture.reset();
+}
