@@ -2,7 +2,6 @@
 #include <unistd.h>
 #include <algorithm>
 #include <iostream>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -10,6 +9,7 @@
 
 #include "bench/Measurement.h"
 #include "bench/Subject.h"
+#include "bench/Summary.h"
 #include "bench/Table.h"
 
 namespace {
@@ -25,13 +25,12 @@ void list(std::ostream& out) {
   }
 }
 
-// Measures and prints one subject; returns how many rows came to each verdict.
-std::map<bench::Result::Verdict, int> run(const bench::Subject& subject, int repetitions) {
+// Measures and prints one subject.
+void run(const bench::Subject& subject, int repetitions, bench::Summary& summary) {
   const bool showProgress = isatty(STDERR_FILENO) != 0;
   const auto progress = [showProgress](const std::string& text) {
     if (showProgress) std::cerr << "\r\033[K" << text << std::flush;
   };
-  std::map<bench::Result::Verdict, int> counts;
   std::cout << subject.name << ": " << subject.description << '\n' << std::flush;
   progress("preparing " + subject.name);
   std::vector<bench::Row> rows;
@@ -40,20 +39,19 @@ std::map<bench::Result::Verdict, int> run(const bench::Subject& subject, int rep
   } catch (const std::exception& problem) {
     progress("");
     std::cout << "FAILED: " << problem.what() << "\n\n";
-    ++counts[bench::Result::Verdict::Failed];
-    return counts;
+    summary.addFailure();
+    return;
   }
   bench::Table table;
   for (const bench::Row& row : rows) {
     progress("measuring " + row.work + ", " + row.size);
     const bench::Result result = bench::measure(row, repetitions);
-    ++counts[result.verdict];
+    summary.add(row, result);
     table.add(row, result);
   }
   progress("");
   table.print(std::cout);
   std::cout << '\n' << std::flush;
-  return counts;
 }
 
 }  // namespace
@@ -98,14 +96,8 @@ int main(int argc, char** argv) {
   std::cout << "Built without optimisation: the figures say nothing. Build the release preset.\n\n";
 #endif
 
-  std::map<bench::Result::Verdict, int> counts;
-  for (const bench::Subject* subject : subjects) {
-    for (const auto& [verdict, count] : run(*subject, repetitions)) counts[verdict] += count;
-  }
-  const int missed = counts[bench::Result::Verdict::Missed];
-  const int failed = counts[bench::Result::Verdict::Failed];
-  std::cout << counts[bench::Result::Verdict::Ok] << " ok, " << missed << " missed, "
-            << counts[bench::Result::Verdict::Skipped] << " skipped, " << failed << " failed\n";
-  // What could not be measured is never a success; a missed target is one unless asked.
-  return failed > 0 || (check && missed > 0) ? 1 : 0;
+  bench::Summary summary;
+  for (const bench::Subject* subject : subjects) run(*subject, repetitions, summary);
+  summary.print(std::cout, check);
+  return summary.exitStatus(check);
 }

@@ -173,7 +173,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   app.add_flag("--image-planes", commandLine.imagePlanes, "Show the photographs in the cameras");
   app.add_flag("--frusta", commandLine.frusta, "Show what each camera saw");
   app.add_flag("--labels", commandLine.labels,
-               "Name the cameras, and as many object points as there is room for");
+               "Name as many cameras and object points as there is room for");
   const CLI::Option* ellipsoidOption =
       app.add_option("--ellipsoids", ellipsoids, "Show error ellipsoids, SCALE times their size")
           ->type_name("SCALE");

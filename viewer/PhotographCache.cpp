@@ -8,6 +8,7 @@
 
 #include "host/model/Camera.h"
 #include "host/model/CameraStation.h"
+#include "host/model/Image.h"
 #include "host/model/Photograph.h"
 
 namespace fs = std::filesystem;
@@ -74,4 +75,22 @@ bool PhotographCache::redirect(const tarn::CameraStation& station, std::string* 
   if (error && !fs::is_symlink(link)) return give_up(link.string() + ": " + error.message());
   photograph->SetImageFile(tarn::VPathString(link.string()));
   return true;
+}
+
+std::string PhotographCache::copyProblem(const tarn::CameraStation& station) {
+  const tarn::Photograph* photograph = station.GetPhotograph();
+  const tarn::Image* shown = photograph ? photograph->GetImage() : nullptr;
+  const tarn::VPathString* file = shown ? shown->GetFileName() : nullptr;
+  if (!file || file->isEmpty()) return {};
+  const fs::path copy = fs::path(file->str()).replace_extension(".sgi.3dvip");
+  std::error_code error;
+  if (fs::exists(copy, error)) return {};
+  // The node says nothing, so what it did is tried again: what fails tells why.
+  tarn::Image image(*file);
+  if (!image.Load() || !image.pixels()) return image.LastError();
+  const tarn::VPathString trial(copy.string() + ".trial");
+  std::string problem = file->str() + ": no small copy of the photograph could be made";
+  if (!image.Save(trial, tarn::Image::formatSGI, 50)) problem = image.LastError();
+  fs::remove(trial.str(), error);
+  return problem;
 }

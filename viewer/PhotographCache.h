@@ -33,6 +33,10 @@ public:
   /// photograph or the link cannot be made; `problem`, which may be null, then says why.
   bool redirect(const tarn::CameraStation& station, std::string* problem = nullptr) const;
 
+  /// Why the station's node could make no small copy of the photograph; empty when there is
+  /// one, or no photograph. Ask when the node has shown its image plane.
+  static std::string copyProblem(const tarn::CameraStation& station);
+
 private:
   std::string folder;
 };

@@ -138,6 +138,7 @@ bool ProjectScene::setView(tarn::CameraStation& station) {
       if (node == highlighted) clearHighlight();
       stationLayer->removeChild(node);
       std::erase(stationNodes, node);
+      labelledStations.erase(node);
     }
   }
   currentCamera->focalDistance =
@@ -215,6 +216,7 @@ void ProjectScene::addStations() {
     build(*node, *station);
     stationNodes.push_back(node);
   }
+  photographsRedirected = options.imagePlanes;
 }
 
 void ProjectScene::build(TarnOICameraStationSeparator& node, tarn::CameraStation& station) {
@@ -229,6 +231,10 @@ void ProjectScene::build(TarnOICameraStationSeparator& node, tarn::CameraStation
   }
   node.ReplaceCameraStations(&station, &nodesOfObjects, stationScale.get(), options.imagePlanes, 0,
                              &extents);
+  if (options.imagePlanes && !photographsRedirected) {
+    const std::string problem = PhotographCache::copyProblem(station);
+    if (!problem.empty()) photographProblems.push_back(problem);
+  }
   showFrustum(node);
 }
 
@@ -312,7 +318,7 @@ void ProjectScene::setImagePlanes(bool show) {
   for (TarnOICameraStationSeparator* node : stationNodes) {
     report("camera stations", done++, static_cast<int>(stationNodes.size()));
     build(*node, *static_cast<tarn::CameraStation*>(node->GetTarnObject()));
-    if (labelsShown) showStationLabel(*node);
+    if (labelledStations.contains(node)) showStationLabel(*node);
   }
   photographsRedirected = photographsRedirected || show;
 }
@@ -326,12 +332,16 @@ void ProjectScene::showLabels(const SbViewportRegion& viewport) {
   hideLabels();
   labelsShown = true;
   LabelPlaces places(*currentCamera, viewport);
-  for (TarnOICameraStationSeparator* node : stationNodes) {
-    showStationLabel(*node);
+  std::vector<TarnOICameraStationSeparator*> markedFirst = stationNodes;
+  std::ranges::stable_partition(markedFirst,
+                                [this](const auto* node) { return node == highlighted; });
+  for (TarnOICameraStationSeparator* node : markedFirst) {
     const auto* station = static_cast<tarn::CameraStation*>(node->GetTarnObject());
     const tarn::Photograph* photograph = station->GetPhotograph();
     const std::string text = "CS" + std::to_string(photograph ? photograph->GetNumber() : 0);
-    places.take(ViewerFrame::fromModel(station->GetPosition()), text);
+    if (!places.take(ViewerFrame::fromModel(station->GetPosition()), text)) continue;
+    labelledStations.insert(node);
+    showStationLabel(*node);
   }
   std::vector<TarnOIObjectPointSeparator*> byRays = pointNodes;
   const auto pointOf = [](const TarnOIObjectPointSeparator* node) {
@@ -353,6 +363,7 @@ void ProjectScene::showLabels(const SbViewportRegion& viewport) {
 
 void ProjectScene::hideLabels() {
   labelsShown = false;
+  labelledStations.clear();
   for (TarnOICameraStationSeparator* node : stationNodes) {
     uncolorLabel(*node);
     node->UpdateTextLable(0);

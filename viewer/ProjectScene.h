@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include <Inventor/SbViewportRegion.h>
@@ -77,8 +78,9 @@ public:
   void setImagePlanes(bool show);
   void setFrusta(bool show);
 
-  /// Names all stations, and those object points for whose names there is room in the view:
-  /// of names that would cover each other the one of the point with more rays is kept.
+  /// Names those stations and object points for whose names there is room in the view. Of
+  /// names that would cover each other a station's is kept, the marked one's first of all,
+  /// then that of the point with more rays.
   void showLabels(const SbViewportRegion& viewport);
   void hideLabels();
 
@@ -147,4 +149,5 @@ private:
   TarnOISeparator* highlighted = nullptr;
   std::vector<TarnOIObjectPointSeparator*> pointNodes;
   std::vector<TarnOICameraStationSeparator*> stationNodes;
+  std::unordered_set<const TarnOICameraStationSeparator*> labelledStations;
 };

@@ -107,7 +107,8 @@ public:
     } else {
       scene.setView(commandLine.view, static_cast<double>(size.width) / size.height);
     }
-    for (const std::string& problem : scene.problems()) say(problem);
+    progress.clear();
+    Tarnview::tellProblems(scene.problems(), 0, errors);
     if (commandLine.wantsWindow()) {
       progress.clear();
       return window.open("tarnview - " + commandLine.project, scene, commandLine.labels, errors);
@@ -197,6 +198,18 @@ int Tarnview::run(const std::vector<std::string>& arguments, std::ostream& outpu
   }
   tarn::gPref = earlierPreferences;
   return status;
+}
+
+void Tarnview::tellProblems(const std::vector<std::string>& problems, std::size_t first,
+                            std::ostream& errors) {
+  constexpr std::size_t most = 10;
+  for (std::size_t i = first; i < std::min(problems.size(), first + most); ++i) {
+    errors << "tarnview: " << problems[i] << '\n';
+  }
+  if (problems.size() > first + most) {
+    errors << "tarnview: and " << problems.size() - first - most
+           << " more photographs that cannot be shown\n";
+  }
 }
 
 void Tarnview::listNodes(std::ostream& output) {

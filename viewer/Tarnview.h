@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -25,6 +26,11 @@ public:
   /// written, 2 a wrong call. `arguments` are without the program's name.
   static int run(const std::vector<std::string>& arguments, std::ostream& output,
                  std::ostream& errors, const Window& window);
+
+  /// Writes the problems from the one of index `first` on, ten lines at most and then how
+  /// many there are besides.
+  static void tellProblems(const std::vector<std::string>& problems, std::size_t first,
+                           std::ostream& errors);
 
   /// Writes the registered classes, one a line: its name, its parent's, what it does.
   static void listNodes(std::ostream& output);

@@ -22,6 +22,12 @@ run(${CMAKE_COMMAND} -S "${SOURCE}" -B "${WORK}/build" -G Ninja
 run(${CMAKE_COMMAND} --build "${WORK}/build")
 run("${WORK}/build/consumer")
 
+# So does the installed tarnview.
+if(EXISTS "${WORK}/prefix/bin/tarnview")
+  run("${WORK}/prefix/bin/tarnview" --version)
+  run("${WORK}/prefix/bin/tarnview" --nodes)
+endif()
+
 # What is installed must not need this tree: no path of it in the package's files.
 file(GLOB_RECURSE package_files "${WORK}/prefix/*.cmake")
 foreach(package_file IN LISTS package_files)

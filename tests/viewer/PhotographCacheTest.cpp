@@ -5,6 +5,8 @@
 
 #include "host/model/Project.h"
 #include "tests/support/TarnTest.h"
+#include "tests/viewer/FileSizeLimit.h"
+#include "viewer/Picture.h"
 
 using ::testing::StartsWith;
 namespace fs = std::filesystem;
@@ -92,6 +94,22 @@ TEST_F(PhotographCacheTest, CacheThatCannotBeMadeIsNamed) {
   std::string problem;
   EXPECT_FALSE(blocked.redirect(station, &problem));
   EXPECT_THAT(problem, StartsWith(file));
+}
+
+TEST_F(PhotographCacheTest, CacheThatIsFullIsSaidWithTheReason) {
+  const tarn::CameraStation& station = addStation(photographs.file("a.png"));
+  Picture picture(60, 50);
+  picture.writePng(photographs.file("a.png"));
+  EXPECT_EQ(PhotographCache::copyProblem(station),
+            photographs.file("a.png") + ": no small copy of the photograph could be made");
+  EXPECT_FALSE(fs::exists(photographs.file("a.sgi.3dvip.trial")));
+  {
+    const FileSizeLimit limit(100);
+    EXPECT_THAT(PhotographCache::copyProblem(station),
+                ::testing::HasSubstr("a.sgi.3dvip.trial: the picture cannot be written"));
+  }
+  photographs.write("a.sgi.3dvip", "the copy");
+  EXPECT_EQ(PhotographCache::copyProblem(station), "");
 }
 
 TEST_F(PhotographCacheTest, CopiesAreShrunkToTheLongestSide) {

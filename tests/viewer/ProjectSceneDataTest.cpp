@@ -1,3 +1,4 @@
+#include <cstdlib>
 
 #include "host/model/Project.h"
 #include "tests/support/TarnTest.h"
@@ -7,10 +8,13 @@
 
 using View = CommandLine::View;
 
-/// Real projects, opened and drawn. Their photographs are not shown here: they are read
-/// only, and so is everything beside them.
+/// Real projects, opened and drawn. They are only read; what is made of their photographs goes
+/// into a folder of the test's own.
 class ProjectSceneDataTest : public TarnTest {
 protected:
+  ProjectSceneDataTest() { setenv("XDG_CACHE_HOME", cacheFolder.path().c_str(), 1); }
+  ~ProjectSceneDataTest() override { unsetenv("XDG_CACHE_HOME"); }
+
   static constexpr int width = 240;
   static constexpr int height = 180;
 
@@ -52,7 +56,61 @@ protected:
     ASSERT_TRUE(scene.setView(*first));
     EXPECT_GT(coveredPercent(renderer.render(scene.root())), 0.4);
   }
+
+  // The mean difference, 0 to 255, of what the station shows through its own camera from its
+  // photograph.
+  static double differenceFromPhotograph(const std::string& folder, const std::string& name,
+                                         bool upsideDown) {
+    // Large beside the points, which are drawn over the photograph.
+    constexpr int seen = 960;
+    tarn::Project project;
+    ProjectFile::open(std::string(dataFolder()) + "/" + folder, project, {});
+    tarn::CameraStation& station = ProjectFile::findStation(project, name);
+    tarn::Image photograph(*station.GetPhotograph()->GetImage()->GetFileName());
+    int wide = 0;
+    int high = 0;
+    EXPECT_TRUE(photograph.Load() && photograph.GetExtents(wide, high)) << photograph.LastError();
+    const int drawnHeight = seen * high / wide;
+    EXPECT_TRUE(photograph.ResizeInterpolated(seen, drawnHeight, 0, 1));
+    ProjectScene::Options options;
+    options.imagePlanes = true;
+    ProjectScene scene(project, options);
+    EXPECT_TRUE(scene.problems().empty());
+    EXPECT_TRUE(scene.setView(station));
+    OffscreenRenderer renderer(seen, drawnHeight);
+    const Picture drawn = renderer.render(scene.root());
+    const std::uint8_t* expected = photograph.pixels();
+    const int components = photograph.components();
+    double sum = 0.0;
+    for (int y = 0; y < drawnHeight; ++y) {
+      for (int x = 0; x < seen; ++x) {
+        const int row = upsideDown ? drawnHeight - 1 - y : y;
+        for (int c = 0; c < 3; ++c) {
+          sum += std::abs(drawn.at(x, y)[c] -
+                          expected[(row * seen + x) * components + (components >= 3 ? c : 0)]);
+        }
+      }
+    }
+    return sum / (3.0 * seen * drawnHeight);
+  }
+
+  TemporaryFolder cacheFolder;
 };
+
+// The photograph is resampled twice, and its points are drawn over it.
+TEST_F(ProjectSceneDataTest, BananasPhotographIsShownAsTheStationSawIt) {
+  TARN_REQUIRE_DATA();
+  const double upright = differenceFromPhotograph("banana", "DSC_0423.JPG", false);
+  EXPECT_LT(upright, 12.0);
+  EXPECT_GT(differenceFromPhotograph("banana", "DSC_0423.JPG", true), 2.0 * upright);
+}
+
+TEST_F(ProjectSceneDataTest, CalibrationsPhotographIsShownAsTheStationSawIt) {
+  TARN_REQUIRE_DATA();
+  const double upright = differenceFromPhotograph("calibration", "left01.jpg", false);
+  EXPECT_LT(upright, 12.0);
+  EXPECT_GT(differenceFromPhotograph("calibration", "left01.jpg", true), 2.0 * upright);
+}
 
 TEST_F(ProjectSceneDataTest, CalibrationOpensAndDraws) {
   TARN_REQUIRE_DATA();

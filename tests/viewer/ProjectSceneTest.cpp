@@ -1,5 +1,6 @@
 #include "viewer/ProjectScene.h"
 
+#include <cstdlib>
 #include <filesystem>
 
 #include <Inventor/nodes/SoCamera.h>
@@ -20,7 +21,11 @@ using View = CommandLine::View;
 
 class ProjectSceneTest : public TarnTest {
 protected:
-  ProjectSceneTest() { ProjectFile::open(TARN_SOURCE_DIR "/examples/demo", project, {}); }
+  ProjectSceneTest() {
+    ProjectFile::open(TARN_SOURCE_DIR "/examples/demo", project, {});
+    setenv("XDG_CACHE_HOME", cacheFolder.path().c_str(), 1);
+  }
+  ~ProjectSceneTest() override { unsetenv("XDG_CACHE_HOME"); }
 
   static int count(SoNode* root, SoType type) {
     SoSearchAction search;
@@ -34,6 +39,7 @@ protected:
     return *static_cast<tarn::CameraStation*>(project.GetCameraStations().at(i));
   }
 
+  TemporaryFolder cacheFolder;
   tarn::Project project;
 };
 
@@ -111,15 +117,54 @@ TEST_F(ProjectSceneTest, HighlightMovesFromOneObjectToTheNext) {
   EXPECT_EQ(search.getPaths().getLength(), 2);
 }
 
-TEST_F(ProjectSceneTest, LabelsNameEveryStationAndAsManyPointsAsThereIsRoomFor) {
+TEST_F(ProjectSceneTest, LabelsNameAsManyStationsAndPointsAsThereIsRoomFor) {
   ProjectScene scene(project);
   scene.setView(View::eIso, 4.0 / 3.0);
   scene.showLabels(SbViewportRegion(800, 600));
   const int shown = count(scene.root(), TarnOIText2::getClassTypeId());
   EXPECT_GT(shown, 12 + 10);
   EXPECT_LT(shown, 12 + 300);
+  scene.showLabels(SbViewportRegion(120, 90));
+  int stations = 0;
+  for (int i = 0; i < 12; ++i) {
+    stations += count(static_cast<SoNode*>(scene.dictionary().atKey(&station(i))),
+                      TarnOIText2::getClassTypeId());
+  }
+  EXPECT_GT(stations, 0);
+  EXPECT_LT(stations, 6);
   scene.hideLabels();
   EXPECT_EQ(count(scene.root(), TarnOIText2::getClassTypeId()), 0);
+}
+
+TEST_F(ProjectSceneTest, StationsWithoutRoomForTheirNamesStayUnnamedWhenTheyAreShownAnew) {
+  ProjectScene scene(project);
+  scene.setView(View::eIso, 4.0 / 3.0);
+  scene.showLabels(SbViewportRegion(120, 90));
+  const int shown = count(scene.root(), TarnOIText2::getClassTypeId());
+  scene.setImagePlanes(true);
+  EXPECT_EQ(count(scene.root(), TarnOIText2::getClassTypeId()), shown);
+}
+
+TEST_F(ProjectSceneTest, MarkedStationIsNamedBeforeTheOthers) {
+  ProjectScene scene(project);
+  scene.setView(View::eIso, 4.0 / 3.0);
+  // So small that there is room for few of them.
+  const SbViewportRegion small(160, 120);
+  const auto isNamed = [&](int i) {
+    return count(static_cast<SoNode*>(scene.dictionary().atKey(&station(i))),
+                 TarnOIText2::getClassTypeId());
+  };
+  int namedTogether = 0;
+  scene.showLabels(small);
+  for (int i = 0; i < 12; ++i) namedTogether += isNamed(i);
+  int namedWhenMarked = 0;
+  for (int i = 0; i < 12; ++i) {
+    scene.highlight(station(i));
+    scene.showLabels(small);
+    namedWhenMarked += isNamed(i);
+  }
+  EXPECT_GT(namedTogether, 0);
+  EXPECT_GT(namedWhenMarked, namedTogether);
 }
 
 TEST_F(ProjectSceneTest, LookingThroughAStationLeavesItsSymbolOut) {
@@ -139,6 +184,27 @@ TEST_F(ProjectSceneTest, LookingThroughTheMarkedStationTakesTheMarkOff) {
   scene.highlight(station(4));
   scene.highlight(station(5));
   EXPECT_GT(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+}
+
+TEST_F(ProjectSceneTest, PhotographThatCannotBeShownIsNamedOnce) {
+  TemporaryFolder photographs;
+  const std::string whole = TARN_SOURCE_DIR "/examples/demo/images/station03.jpg";
+  const auto half = std::filesystem::file_size(whole) / 2;
+  std::filesystem::copy_file(whole, photographs.file("cut.jpg"));
+  std::filesystem::resize_file(photographs.file("cut.jpg"), half);
+  const std::string junk = photographs.write("junk.jpg", "no photograph");
+  station(0).GetPhotograph()->SetImageFile(tarn::VPathString(junk));
+  station(1).GetPhotograph()->SetImageFile(tarn::VPathString(photographs.file("cut.jpg")));
+  station(2).GetPhotograph()->SetImageFile(tarn::VPathString(photographs.file("absent.jpg")));
+  ProjectScene::Options options;
+  options.imagePlanes = true;
+  ProjectScene scene(project, options);
+  scene.setImagePlanes(false);
+  scene.setImagePlanes(true);
+  ASSERT_EQ(scene.problems().size(), 3U);
+  EXPECT_THAT(scene.problems()[0], ::testing::HasSubstr("/junk.jpg: "));
+  EXPECT_THAT(scene.problems()[1], ::testing::HasSubstr("/cut.jpg: "));
+  EXPECT_THAT(scene.problems()[2], ::testing::HasSubstr("/absent.jpg: "));
 }
 
 TEST_F(ProjectSceneTest, StationThatIsNotOrientedCannotBeLookedThrough) {

@@ -179,6 +179,18 @@ TEST_F(TarnviewGLTest, MarkedStationThatIsLookedThroughIsSaidToBeMissing) {
   EXPECT_EQ(tarnview(call + " --image-planes").errors, "");
 }
 
+TEST_F(TarnviewGLTest, PhotographsThatCannotBeShownAreNamedTenAtMost) {
+  std::filesystem::create_directory(folder.file("project"));
+  std::filesystem::copy(TARN_SOURCE_DIR "/examples/demo/sparse", folder.file("project/sparse"),
+                        std::filesystem::copy_options::recursive);
+  const Result result =
+      tarnview(quoted("project") + " --image-planes --size 40x30 --render " + quoted("a.png"));
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.errors, HasSubstr("project/images/station10.jpg: No such file"));
+  EXPECT_THAT(result.errors, Not(HasSubstr("station11.jpg")));
+  EXPECT_THAT(result.errors, EndsWith("tarnview: and 2 more photographs that cannot be shown\n"));
+}
+
 TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
   const auto files = [] {
     int count = 0;

@@ -1,10 +1,8 @@
 #include "viewer/WholeFile.h"
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -15,32 +13,11 @@
 
 #include "nodes/framework/NodeRef.h"
 #include "tests/support/TarnTest.h"
+#include "tests/viewer/FileSizeLimit.h"
 #include "viewer/Picture.h"
 #include "viewer/SceneWriter.h"
 
 namespace fs = std::filesystem;
-
-namespace {
-
-/// Files end at so many bytes while it lives, as on a full disk.
-class SmallDisk {
-public:
-  explicit SmallDisk(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &earlier);
-    const rlimit small{bytes, earlier.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() {
-    setrlimit(RLIMIT_FSIZE, &earlier);
-    std::signal(SIGXFSZ, handler);
-  }
-
-private:
-  rlimit earlier{};
-  void (*handler)(int);
-};
-
-}  // namespace
 
 class WholeFileTest : public TarnTest {
 protected:
@@ -117,7 +94,7 @@ TEST_F(WholeFileTest, FailureLeavesTheEarlierFileAndNothingBesides) {
 // Less than a stream keeps in memory, so that only its last flush tells.
 TEST_F(WholeFileTest, FullDiskIsToldEvenWhenOnlyTheEndIsCutOff) {
   const std::string file = folder.file("a");
-  const SmallDisk disk(100);
+  const FileSizeLimit limit(100);
   EXPECT_EQ(refusal([&] { write(file, std::string(101, 'x')); }),
             file + ": the text cannot be written: File too large");
   EXPECT_TRUE(names().empty());
@@ -154,7 +131,7 @@ TEST_F(WholeFileTest, PicturesAndScenesThatAreCutOffAreRefused) {
   auto* coordinates = new SoCoordinate3;
   for (int i = 0; i < 100; ++i) coordinates->point.set1Value(i, SbVec3f(1.0F, 2.0F, 3.0F));
   scene->addChild(coordinates);
-  const SmallDisk disk(500);
+  const FileSizeLimit limit(500);
   EXPECT_THAT(refusal([&] { picture.writePng(folder.file("a.png")); }),
               ::testing::EndsWith("the picture cannot be written: File too large"));
   EXPECT_THAT(refusal([&] { picture.writeJpeg(folder.file("a.jpg"), 95); }),

@@ -20,13 +20,15 @@
 #include "host/model/ObjectPoint.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "viewer/ProjectScene.h"
+#include "viewer/Tarnview.h"
 
 namespace {
 
 /// What keys and clicks do.
 class Controller {
 public:
-  Controller(SoQtExaminerViewer& viewer, ProjectScene& scene) : viewer(viewer), scene(scene) {}
+  Controller(SoQtExaminerViewer& viewer, ProjectScene& scene, std::ostream& errors)
+      : viewer(viewer), scene(scene), errors(errors) {}
 
   static SbBool handle(void* controller, QEvent* event) {
     return static_cast<Controller*>(controller)->handle(*event) ? TRUE : FALSE;
@@ -57,9 +59,12 @@ private:
 
   bool pressed(int key) {
     switch (key) {
-      case Qt::Key_I:
+      case Qt::Key_I: {
+        const std::size_t told = scene.problems().size();
         scene.setImagePlanes(!scene.showsImagePlanes());
+        Tarnview::tellProblems(scene.problems(), told, errors);
         return true;
+      }
       case Qt::Key_F:
         scene.setFrusta(!scene.showsFrusta());
         return true;
@@ -104,6 +109,7 @@ private:
 
   SoQtExaminerViewer& viewer;
   ProjectScene& scene;
+  std::ostream& errors;
   QPoint pressedAt;
 };
 
@@ -140,7 +146,7 @@ int ViewerWindow::open(const std::string& title, ProjectScene& scene, bool label
   window->resize(1280, 960);
   {
     SoQtExaminerViewer viewer(window);
-    Controller controller(viewer, scene);
+    Controller controller(viewer, scene, errors);
     viewer.setTitle(title.c_str());
     viewer.setBackgroundColor(ProjectScene::backgroundColor());
     // The scene has a light that follows the camera.
