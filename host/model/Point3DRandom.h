@@ -18,13 +18,17 @@ public:
   /// A point with a symmetric covariance: the variances and xy, xz, yz.
   Point3DRandom(const Point3DDouble& position, double xx, double yy, double zz, double xy,
                 double xz, double yz);
+  /// A point of three coordinates, each with its own variance, known or not.
+  Point3DRandom(const RandomVariable& x, const RandomVariable& y, const RandomVariable& z,
+                double xy, double xz, double yz)
+      : _x(x), _y(y), _z(z), _xy(xy), _xz(xz), _yz(yz) {}
 
   const RandomVariable& X() const { return _x; }
   const RandomVariable& Y() const { return _y; }
   const RandomVariable& Z() const { return _z; }
   Point3DDouble position() const { return {_x.value, _y.value, _z.value}; }
 
-  /// Non-zero when all three variances are known; a point is made with all or none.
+  /// Non-zero when all three variances are known.
   int VariancesAreKnown() const {
     return !_x.varianceUnknown && !_y.varianceUnknown && !_z.varianceUnknown;
   }

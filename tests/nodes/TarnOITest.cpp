@@ -13,6 +13,7 @@
 #include "host/general/DisplayBitmaps.h"
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOIMaterial.h"
+#include "tests/support/BoundNode.h"
 #include "tests/support/TarnTest.h"
 
 using ::testing::AllOf;
@@ -94,6 +95,29 @@ TEST_F(TarnOITest, InitialisingRegistersOnlyWhatIsMissing) {
   TarnOI::initClasses();
   EXPECT_FALSE(TarnOIMaterial::getClassTypeId().isBad());
   EXPECT_EQ(SoType::fromName("TarnOISeparator"), separator);
+}
+
+TEST_F(TarnOITest, AnInstanceOfAClassDerivedFromTheUnregisteredSeparatorIsReported) {
+  BoundNode::initClass();
+  const SoType::instantiationMethod create = BoundNode::getClassTypeId().getInstantiationMethod();
+  for (auto entry = TarnOI::classes().rbegin(); entry != TarnOI::classes().rend(); ++entry) {
+    if (!isSearchAction(*entry)) entry->cleanUpInitClass();
+  }
+  NodeRef<SoNode>(static_cast<SoNode*>(create())).reset();
+  EXPECT_THAT(takeAssertions(),
+              ElementsAre(IsAssertion("TarnOISeparator::classTypeId != SoType::badType() && "
+                                      "\"you forgot init()!\"",
+                                      "TarnOISeparator")));
+  BoundNode::CleanUpInitClass();
+  NodeRef<SoNode>(static_cast<SoNode*>(create())).reset();
+  EXPECT_THAT(takeAssertions(),
+              ElementsAre(IsAssertion("TarnOISeparator::classTypeId != SoType::badType() && "
+                                      "\"you forgot init()!\"",
+                                      "TarnOISeparator"),
+                          IsAssertion("BoundNode::classTypeId != SoType::badType() && "
+                                      "\"you forgot init()!\"",
+                                      "BoundNode")));
+  TarnOI::initClasses();
 }
 
 // ---- each class of the table

@@ -14,19 +14,19 @@ std::string printed(const char* format, Arguments... arguments) {
 
 int RecordingPreferences::GetPreference(const char* key, int defaultValue,
                                         const char* section) const {
-  record(key, std::to_string(defaultValue), section);
+  record(PreferenceRead::eInt, key, std::to_string(defaultValue), section);
   return Preferences::GetPreference(key, defaultValue, section);
 }
 
 double RecordingPreferences::GetPreference(const char* key, double defaultValue,
                                            const char* section) const {
-  record(key, printed("%.17g", defaultValue), section);
+  record(PreferenceRead::eDouble, key, printed("%.17g", defaultValue), section);
   return Preferences::GetPreference(key, defaultValue, section);
 }
 
 tarn::Colour RecordingPreferences::GetPreference(const char* key, const tarn::Colour& defaultValue,
                                                  const char* section) const {
-  record(key,
+  record(PreferenceRead::eColour, key,
          printed("%03d%03d%03d", defaultValue.red(), defaultValue.green(), defaultValue.blue()),
          section);
   return Preferences::GetPreference(key, defaultValue, section);
@@ -34,19 +34,19 @@ tarn::Colour RecordingPreferences::GetPreference(const char* key, const tarn::Co
 
 tarn::VString RecordingPreferences::GetPreference(const char* key, const char* defaultValue,
                                                   const char* section) const {
-  record(key, defaultValue, section);
+  record(PreferenceRead::eText, key, defaultValue, section);
   return Preferences::GetPreference(key, defaultValue, section);
 }
 
 int RecordingPreferences::GetBoolPreference(const char* key, int defaultValue,
                                             const char* section) const {
-  record(key, std::to_string(defaultValue), section);
+  record(PreferenceRead::eBool, key, std::to_string(defaultValue), section);
   return Preferences::GetBoolPreference(key, defaultValue, section);
 }
 
 std::vector<PreferenceRead> RecordingPreferences::takeReads() { return std::exchange(reads, {}); }
 
-void RecordingPreferences::record(const char* key, std::string defaultValue,
-                                  const char* section) const {
-  reads.push_back({key, std::move(defaultValue), section ? section : "(null)"});
+void RecordingPreferences::record(PreferenceRead::Kind kind, const char* key,
+                                  std::string defaultValue, const char* section) const {
+  reads.push_back({kind, key, std::move(defaultValue), section ? section : "(null)"});
 }

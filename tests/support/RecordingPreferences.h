@@ -6,15 +6,20 @@
 
 #include "host/general/Preferences.h"
 
-/// One question to the preference store. Defaults are kept as text: numbers as printed by
-/// %.17g, colours as RRRGGGBBB; a null section as "(null)".
+/// One question to the preference store, with the kind of value that was asked for: a store
+/// answers a flag and a number of the same text differently. Defaults are kept as text:
+/// numbers as printed by %.17g, colours as RRRGGGBBB; a null section as "(null)".
 struct PreferenceRead {
+  enum Kind { eInt, eDouble, eColour, eText, eBool };
+  Kind kind;
   std::string key;
   std::string defaultValue;
   std::string section;
   friend bool operator==(const PreferenceRead&, const PreferenceRead&) = default;
   friend void PrintTo(const PreferenceRead& read, std::ostream* out) {
-    *out << "[" << read.section << "] " << read.key << " default " << read.defaultValue;
+    constexpr const char* kinds[] = {"int", "double", "colour", "text", "bool"};
+    *out << "[" << read.section << "] " << kinds[read.kind] << " " << read.key << " default "
+         << read.defaultValue;
   }
 };
 
@@ -33,6 +38,7 @@ public:
   std::vector<PreferenceRead> takeReads();
 
 private:
-  void record(const char* key, std::string defaultValue, const char* section) const;
+  void record(PreferenceRead::Kind kind, const char* key, std::string defaultValue,
+              const char* section) const;
   mutable std::vector<PreferenceRead> reads;
 };

@@ -28,13 +28,17 @@ TarnTest::TarnTest() : earlierPreferences(std::exchange(tarn::gPref, &preference
 }
 
 TarnTest::~TarnTest() {
+  // The nodes that a derived fixture held are gone by now: what they said at their end counts.
+  failOnReports();
   tarn::gThreeDViewOffset = {};
   tarn::setWarningHandler(nullptr);
   tarn::setAssertHandler(nullptr);
   tarn::gPref = earlierPreferences;
 }
 
-void TarnTest::TearDown() {
+void TarnTest::TearDown() { failOnReports(); }
+
+void TarnTest::failOnReports() {
   for (const Assertion& assertion : takeAssertions()) {
     ADD_FAILURE() << "unexpected assertion: " << ::testing::PrintToString(assertion);
   }

@@ -29,7 +29,8 @@ MATCHER_P3(IsAssertionAt, condition, file, line, "") {
 }
 
 /// The fixture of all tests. Assertions, warnings and Coin's own errors are recorded; what
-/// a test did not take is a failure of that test. The preference store is `preferences`,
+/// a test did not take is a failure of that test, also when it comes from the end of a node
+/// that the derived fixture holds. The preference store is `preferences`,
 /// which records every read. The view offset has three different components, for a zero
 /// offset hides most mistakes.
 class TarnTest : public ::testing::Test {
@@ -49,6 +50,8 @@ protected:
   RecordingDictionary dictionary;
 
 private:
+  void failOnReports();
+
   tarn::Preferences* earlierPreferences;
 };
 

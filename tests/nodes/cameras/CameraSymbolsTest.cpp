@@ -105,8 +105,8 @@ TEST_F(CameraSymbolsTest, SphereIsYellowWithThreeRings) {
 TEST_F(CameraSymbolsTest, DetailedSymbolReadsItsColorsOnceInTheirOrder) {
   EXPECT_EQ(g_cs_node, nullptr);
   TarnOICameraStationSeparator::CreateCSNode();
-  std::vector<Read> expected = {
-      {"CameraStationColor(RRRGGGBBB_0-255)", "044043043", "ProjectViewer(3D_Viewer)"}};
+  std::vector<Read> expected = {{Read::eColour, "CameraStationColor(RRRGGGBBB_0-255)",
+                                 "044043043", "ProjectViewer(3D_Viewer)"}};
   const std::string dark = "0.1137254901960784";
   const std::string middle = "0.4117647058823529";
   const std::string light = "0.7529411764705882";
@@ -120,7 +120,7 @@ TEST_F(CameraSymbolsTest, DetailedSymbolReadsItsColorsOnceInTheirOrder) {
   }
   for (const auto& [color, value] : colors) {
     for (const char* component : {"_R", "_G", "_B"}) {
-      expected.push_back({color + component, value, "CSSymbol"});
+      expected.push_back({Read::eDouble, color + component, value, "CSSymbol"});
     }
   }
   EXPECT_THAT(reads, ElementsAreArray(expected));

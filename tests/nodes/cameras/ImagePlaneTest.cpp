@@ -109,14 +109,14 @@ TEST_F(ImagePlaneTest, PreferencesAreReadInTheirOrder) {
   writePhotograph("wall.png", 40, 30);
   plane();
   const std::vector<Read> first = preferences.takeReads();
-  EXPECT_THAT(first, ElementsAre(Read{"CamStnImageResampleFactor", "10", viewerSection},
-                                 Read{"ShowDoubleSidedImagePlaneCam", "1", viewerSection},
-                                 Read{"ShowCamsAsLines", "1", viewerSection}));
+  EXPECT_THAT(first, ElementsAre(Read{Read::eInt, "CamStnImageResampleFactor", "10", viewerSection},
+                                 Read{Read::eBool, "ShowDoubleSidedImagePlaneCam", "1", viewerSection},
+                                 Read{Read::eBool, "ShowCamsAsLines", "1", viewerSection}));
   // The factor is asked for only when the copy is made.
   plane();
   EXPECT_THAT(preferences.takeReads(),
-              ElementsAre(Read{"ShowDoubleSidedImagePlaneCam", "1", viewerSection},
-                          Read{"ShowCamsAsLines", "1", viewerSection}));
+              ElementsAre(Read{Read::eBool, "ShowDoubleSidedImagePlaneCam", "1", viewerSection},
+                          Read{Read::eBool, "ShowCamsAsLines", "1", viewerSection}));
 }
 
 TEST_F(ImagePlaneTest, TextureShowsAReducedCopyBesideThePhotograph) {
@@ -137,6 +137,36 @@ TEST_F(ImagePlaneTest, TextureShowsAReducedCopyBesideThePhotograph) {
   EXPECT_EQ(written.height, 3);
   EXPECT_EQ(written.bytes[0], 90);
   EXPECT_TRUE(exists(file));
+}
+
+TEST_F(ImagePlaneTest, PixelsOfTheReducedCopyAreMeansOfThePhotographs) {
+  // In every square of 10 x 10 pixels two columns are red, three rows green, and one pixel is
+  // blue; none of them stands where a single sample would be taken. The left half is dark.
+  Picture picture(40, 30);
+  for (int y = 0; y < 30; ++y) {
+    for (int x = 0; x < 40; ++x) {
+      std::uint8_t* pixel = &picture.bytes[static_cast<std::size_t>(y * 40 + x) * 3];
+      const int brightness = x < 20 ? 1 : 2;
+      pixel[0] = static_cast<std::uint8_t>(x % 10 < 2 ? 100 * brightness : 0);
+      pixel[1] = static_cast<std::uint8_t>(y % 10 > 6 ? 120 * brightness : 0);
+      pixel[2] = static_cast<std::uint8_t>(x % 10 == 0 && y % 10 == 0 ? 100 * brightness : 0);
+    }
+  }
+  const std::string file = folder.file("pattern.png");
+  picture.writePng(file);
+  photograph.SetImageFile(file.c_str());
+  plane();
+  const Picture written = Picture::read(folder.file("pattern.sgi.3dvip"));
+  ASSERT_EQ(written.width, 4);
+  ASSERT_EQ(written.height, 3);
+  for (int y = 0; y < 3; ++y) {
+    for (int x = 0; x < 4; ++x) {
+      const int brightness = x < 2 ? 1 : 2;
+      EXPECT_EQ(written.at(x, y)[0], 20 * brightness) << x << ", " << y;
+      EXPECT_EQ(written.at(x, y)[1], 36 * brightness) << x << ", " << y;
+      EXPECT_EQ(written.at(x, y)[2], brightness) << x << ", " << y;
+    }
+  }
 }
 
 TEST_F(ImagePlaneTest, CopyIsMadeOnceAndUsedAsItIsWhenThePhotographChanges) {

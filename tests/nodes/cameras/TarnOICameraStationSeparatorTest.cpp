@@ -29,6 +29,28 @@ protected:
     return leading;
   }
 
+  // A node whose symbol could not be read, which is reported.
+  NodeRef<OpenStationSeparator> builtWithoutSymbol(int withImagePlane, int withSymbolToo,
+                                                   tarn::Extents* box = nullptr) {
+    // A store that answers what no scene can hold.
+    struct Unreadable : RecordingPreferences {
+      double GetPreference(const char* key, double defaultValue,
+                           const char* section) const override {
+        return std::string_view(key) == "Lens_diffuse_G"
+                   ? std::numeric_limits<double>::quiet_NaN()
+                   : RecordingPreferences::GetPreference(key, defaultValue, section);
+      }
+      using RecordingPreferences::GetPreference;
+    } unreadable;
+    tarn::gPref = &unreadable;
+    auto node = built(withImagePlane, withSymbolToo, box);
+    tarn::gPref = &preferences;
+    EXPECT_THAT(takeAssertions(),
+                ElementsAre(IsAssertion("contents", "TarnOICameraStationSeparator")));
+    EXPECT_THAT(takeCoinErrors(), Not(IsEmpty()));
+    return node;
+  }
+
   const std::vector<std::string> base = {"Separator", "Complexity", "Translation",
                                          "MatrixTransform", "Scale"};
 };
@@ -246,7 +268,7 @@ TEST_F(TarnOICameraStationSeparatorTest, BoxSymbolStandsForAnOrientedStationOnRe
   preferences.Set("UseNewSymbol", "0", "TarnOICamera");
   auto node = built();
   EXPECT_EQ(typesOf(node.get()), withLeading(base, boxSymbolTypes));
-  EXPECT_THAT(preferences.takeReads(), ElementsAre(Read{"UseNewSymbol", "1", "TarnOICamera"}));
+  EXPECT_THAT(preferences.takeReads(), ElementsAre(Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"}));
   EXPECT_EQ(g_cs_node, nullptr);
 }
 
@@ -277,20 +299,7 @@ TEST_F(TarnOICameraStationSeparatorTest, BoxIsANodesOwnAndTheDetailedSymbolShare
 }
 
 TEST_F(TarnOICameraStationSeparatorTest, SymbolThatCannotBeReadIsReported) {
-  // A store that answers what no scene can hold.
-  struct Unreadable : RecordingPreferences {
-    double GetPreference(const char* key, double defaultValue, const char* section) const override {
-      return std::string_view(key) == "Lens_diffuse_G"
-                 ? std::numeric_limits<double>::quiet_NaN()
-                 : RecordingPreferences::GetPreference(key, defaultValue, section);
-    }
-    using RecordingPreferences::GetPreference;
-  } unreadable;
-  tarn::gPref = &unreadable;
-  auto node = built(0, 0, &extents);
-  tarn::gPref = &preferences;
-  EXPECT_THAT(takeAssertions(), ElementsAre(IsAssertion("contents", sourceFile)));
-  EXPECT_THAT(takeCoinErrors(), Not(IsEmpty()));
+  auto node = builtWithoutSymbol(0, 0, &extents);
   EXPECT_EQ(g_cs_node, nullptr);
   // The steps that follow were taken.
   EXPECT_EQ(typesOf(node.get()), base);
@@ -692,9 +701,9 @@ TEST_F(TarnOICameraStationSeparatorTest, LabelIsAppendedWithThePhotographsNumber
   EXPECT_STREQ(node->labelText->string[0].getString(), "CS17");
   EXPECT_EQ(node->labelTranslation->translation.getValue(), SbVec3f(100, 100, 100));
   EXPECT_THAT(preferences.takeReads(),
-              ElementsAre(Read{"CSIDOffset", "0.5", viewerSection},
-                          Read{"UseNewSymbol", "1", "TarnOICamera"},
-                          Read{"CSIDOffsetNewSymbol", "100", viewerSection}));
+              ElementsAre(Read{Read::eDouble, "CSIDOffset", "0.5", viewerSection},
+                          Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"},
+                          Read{Read::eDouble, "CSIDOffsetNewSymbol", "100", viewerSection}));
 }
 
 TEST_F(TarnOICameraStationSeparatorTest, LabelOfTheBoxSymbolHasItsOwnOffset) {
@@ -703,8 +712,8 @@ TEST_F(TarnOICameraStationSeparatorTest, LabelOfTheBoxSymbolHasItsOwnOffset) {
   preferences.takeReads();
   node->UpdateTextLable(1);
   EXPECT_EQ(node->labelTranslation->translation.getValue(), SbVec3f(0.5F, 0.5F, 0.5F));
-  EXPECT_THAT(preferences.takeReads(), ElementsAre(Read{"CSIDOffset", "0.5", viewerSection},
-                                                   Read{"UseNewSymbol", "1", "TarnOICamera"}));
+  EXPECT_THAT(preferences.takeReads(), ElementsAre(Read{Read::eDouble, "CSIDOffset", "0.5", viewerSection},
+                                                   Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"}));
 }
 
 TEST_F(TarnOICameraStationSeparatorTest, LabelIsUpdatedInPlace) {
@@ -811,4 +820,32 @@ TEST_F(TarnOICameraStationSeparatorTest, HighlightOfNothingOrOfANodeNotBuiltIsIg
   node->Highlight(nullptr, 1);
   node->Highlight(nullptr, 0);
   EXPECT_EQ(node->getNumChildren(), 0);
+}
+
+TEST_F(TarnOICameraStationSeparatorTest, HighlightBeyondTheChildrenLeavesThemAlone) {
+  // The places of a symbol that is not there: 7 among five children, 9 among seven.
+  for (const int withImage : {0, 1}) {
+    auto node = builtWithoutSymbol(withImage, withImage);
+    const std::vector<std::string> before = typesOf(node.get());
+    ASSERT_EQ(before.size(), withImage ? 7U : 5U);
+    auto material = makeNode<SoMaterial>();
+    for (const int on : {1, 1, 0, 1, 0}) {
+      node->Highlight(material.get(), on);
+      EXPECT_EQ(typesOf(node.get()), before);
+      EXPECT_EQ(node->frustumSwitch->getNumChildren(), 2);
+      EXPECT_EQ(material->getRefCount(), 1);
+    }
+    node->UpdateTextLable(1);
+    EXPECT_EQ(node->getNumChildren(), withImage ? 9 : 7);
+  }
+}
+
+TEST_F(TarnOICameraStationSeparatorTest, HighlightGoesToTheEndWhereItsPlaceIsTheEnd) {
+  auto node = builtWithoutSymbol(0, 0);
+  node->UpdateTextLable(1);  // two more children
+  auto material = makeNode<SoMaterial>();
+  node->Highlight(material.get(), 1);
+  EXPECT_EQ(node->findChild(material.get()), 7);
+  EXPECT_EQ(node->getNumChildren(), 8);
+  EXPECT_EQ(node->frustumSwitch->getChild(0), material.get());
 }

@@ -153,7 +153,7 @@ TEST_F(TarnOISeparatorGLTest, AnAbortedFrameIsNotKeptByACacheAbove) {
   fill(bound);
   cached->addChild(bound);
   root->addChild(cached);
-  // Stops before the third child of the bound node.
+  // Stops before the bound node's fourth child, the first that draws something.
   struct Stop {
     const SoNode* before;
     static SoGLRenderAction::AbortCode ask(void* data) {

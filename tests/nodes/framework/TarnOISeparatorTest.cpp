@@ -577,6 +577,28 @@ TEST_F(TarnOISeparatorSearch, AChildAddedWhileNotificationIsOffIsFoundToo) {
   b->enableNotify(TRUE);
 }
 
+TEST_F(TarnOISeparatorSearch, AChildThatTookAnothersPlaceWhileNotificationIsOffIsFoundToo) {
+  tarn::Material hostMaterial;
+  const NodeRef<TarnOIMaterial> material = makeNode<TarnOIMaterial>();
+  material->SetMaterial(&hostMaterial);
+  auto* coordinates = new SoCoordinate3;
+  b->addChild(coordinates);
+  b->enableNotify(FALSE);
+  EXPECT_THAT(foundAll(&hostMaterial), IsEmpty());
+  b->replaceChild(coordinates, material.get());
+  EXPECT_THAT(foundAll(&hostMaterial), ElementsAre(material.get()));
+  b->removeChild(material.get());
+  EXPECT_THAT(foundAll(&hostMaterial), IsEmpty());
+  b->insertChild(material.get(), 0);
+  EXPECT_THAT(foundAll(&hostMaterial), ElementsAre(material.get()));
+  b->removeAllChildren();
+  EXPECT_THAT(foundAll(&hostMaterial), IsEmpty());
+  b->Highlight(material.get(), 1);
+  EXPECT_THAT(foundAll(&hostMaterial), ElementsAre(material.get()));
+  b->removeAllChildren();
+  b->enableNotify(TRUE);
+}
+
 // A leaf of an application, that answers for an object of its own.
 class AnsweringLeaf : public SoNode {
   TARNOI_NODE_HEADER(AnsweringLeaf);
@@ -870,6 +892,18 @@ protected:
                                                     applyTranslation, applyViewOffset, inverse);
   }
 
+  // The forward and then the inverse transform, with all flags but the view offset's set.
+  SbMatrix forwardTimesInverse(int applyViewOffset) {
+    SoGetMatrixAction matrix(SbViewportRegion(100, 100));
+    convert(1, 1, applyViewOffset, 0);
+    matrix.apply(transform.get());
+    SbMatrix product = matrix.getMatrix();
+    convert(1, 1, applyViewOffset, 1);
+    matrix.apply(transform.get());
+    product.multRight(matrix.getMatrix());
+    return product;
+  }
+
   const std::array<double, 9> rotation = turned();
   tarn::BasicAffine affine;
   NodeRef<SoTransform> transform = makeNode<SoTransform>();
@@ -936,14 +970,23 @@ TEST_F(TarnOISeparatorAffine, InverseOffsetsLastToo) {
 }
 
 TEST_F(TarnOISeparatorAffine, ForwardAndInverseMultiplyToTheIdentity) {
-  SoGetMatrixAction matrix(SbViewportRegion(100, 100));
-  convert(1, 1, 0, 0);
-  matrix.apply(transform.get());
-  SbMatrix product = matrix.getMatrix();
-  convert(1, 1, 0, 1);
-  matrix.apply(transform.get());
-  product.multRight(matrix.getMatrix());
-  EXPECT_TRUE(product.equals(SbMatrix::identity(), 1e-5F));
+  EXPECT_TRUE(forwardTimesInverse(0).equals(SbMatrix::identity(), 1e-5F));
+}
+
+TEST_F(TarnOISeparatorAffine, ForwardAndInverseWithAllFlagsMultiplyToTheIdentityAtZeroOffset) {
+  tarn::gThreeDViewOffset = {};
+  EXPECT_TRUE(forwardTimesInverse(1).equals(SbMatrix::identity(), 1e-5F));
+}
+
+TEST_F(TarnOISeparatorAffine, ForwardAndInverseWithAllFlagsTakeTheOffsetOffTwice) {
+  // Once before the inverse, which turns and shrinks it, and once after.
+  const Point expected =
+      -1.0 * viewOffset + (-1.0 / scale) * rowTimes(viewOffset, transposed(rotation));
+  SbMatrix wanted;
+  wanted.setTranslate(SbVec3f(static_cast<float>(expected.x), static_cast<float>(expected.z),
+                              static_cast<float>(-expected.y)));
+  // Floats of a size of about 60 were added and subtracted.
+  EXPECT_TRUE(forwardTimesInverse(1).equals(wanted, 1e-4F));
 }
 
 TEST_F(TarnOISeparatorAffine, InverseInvertsTheHostsMatrixInPlace) {

@@ -9,6 +9,7 @@
 #include <Inventor/nodes/SoPointSet.h>
 #include <Inventor/nodes/SoSphere.h>
 #include <Inventor/nodes/SoTransform.h>
+#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/ImportedPoint.h"
@@ -34,9 +35,9 @@ using ::testing::UnorderedElementsAre;
 namespace {
 
 constexpr const char* className = "TarnOIObjectPointSeparator";
-const PreferenceRead showOnlyActive{"ShowOnlyActive", "1", "Control"};
-const PreferenceRead showUserName{"ShowUserNameInIDs", "1", "(null)"};
-const PreferenceRead sphereSize{"ExagerationSphereSize", "1", "(null)"};
+const PreferenceRead showOnlyActive{PreferenceRead::eBool, "ShowOnlyActive", "1", "Control"};
+const PreferenceRead showUserName{PreferenceRead::eBool, "ShowUserNameInIDs", "1", "(null)"};
+const PreferenceRead sphereSize{PreferenceRead::eDouble, "ExagerationSphereSize", "1", "(null)"};
 
 std::vector<std::string> childTypes(const SoGroup& node) {
   std::vector<std::string> result;
@@ -197,10 +198,16 @@ TEST_F(TarnOIObjectPointSeparatorTest, ANullPointBuildsNothing) {
 TEST_F(TarnOIObjectPointSeparatorTest, BuildingInASceneIsSignalledOnce) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(node.get());
-  const SbUniqueId before = parent->getNodeId();
-  node->SetObjectPoint(&point, &dictionary, 1, 0);
-  EXPECT_NE(parent->getNodeId(), before);
+  point.SetRGBTextureColor(tarn::Colour(10, 20, 30));
+  int signals = 0;
+  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
+  sensor.setPriority(0);  // called within each signal, not once for all of them
+  sensor.attach(parent.get());
+  node->SetObjectPoint(&point, &dictionary, 1, 1);
+  EXPECT_EQ(signals, 1);
   EXPECT_TRUE(node->isNotifyEnabled());
+  node->addChild(new SoCube);
+  EXPECT_EQ(signals, 2) << "later changes are signalled as ever";
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, ANodeWhoseChildrenWereDroppedIsBuiltAnew) {
@@ -854,6 +861,29 @@ TEST_F(TarnOIObjectPointSeparatorTest, UnknownVariancesTakeTheEllipsoidOut) {
   node->ShowErrorEllipsoid(1);
   node->SetErrorEllipsoidScale(2.0F);
   EXPECT_THAT(childTypes(*node), ElementsAre("Coordinate3", "PointSet"));
+}
+
+TEST_F(TarnOIObjectPointSeparatorTest, OneUnknownVarianceOfThreeTakesTheEllipsoidOut) {
+  // Answers from a model of its own, as an application may.
+  struct PartlyKnown : tarn::ObjectPoint {
+    int unknown = 0;  // 1, 2, 3: x, y, z
+    int GetApproximation(tarn::Point3DRandom& result) const override {
+      const tarn::RandomVariable x{1.5, 1.0, unknown == 1};
+      const tarn::RandomVariable y{2.25, 4.0, unknown == 2};
+      const tarn::RandomVariable z{-3.75, 9.0, unknown == 3};
+      result = tarn::Point3DRandom(x, y, z, 0.0, 0.0, 0.0);
+      return 1;
+    }
+  } partlyKnown;
+  partlyKnown.SetProcessed(1);
+  node->SetObjectPoint(&partlyKnown, &dictionary, 0, 0);
+  for (int unknown = 0; unknown <= 3; ++unknown) {
+    partlyKnown.unknown = unknown;
+    node->ShowErrorEllipsoid(1);
+    node->SetErrorEllipsoidScale(2.0F);
+    EXPECT_EQ(node->getNumChildren(), unknown ? 2 : 3) << "unknown: " << unknown;
+  }
+  node.reset();
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, ACovarianceThatIsNoneTakesTheEllipsoidOut) {
