@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "bench/Subject.h"
+
+#include <string>
 
 namespace bench {
 

@@ -1,7 +1,10 @@
 // A photograph reduced to an image plane's texture: the whole way from file to file.
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <simage.h>
+#include <turbojpeg.h>
+
+#include "bench/Subject.h"
+#include "host/model/Image.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -10,14 +13,11 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <spawn.h>
 #include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
-
-#include <simage.h>
-#include <turbojpeg.h>
-
-#include "bench/Subject.h"
-#include "host/model/Image.h"
 
 namespace {
 

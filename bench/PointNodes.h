@@ -1,12 +1,12 @@
 #pragma once
 
-#include <vector>
-
 #include "host/classes/VDictionary.h"
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
+
+#include <vector>
 
 namespace bench {
 

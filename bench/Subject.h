@@ -1,11 +1,11 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <benchmark/benchmark.h>
 
 namespace bench {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "bench/Measurement.h"
+
 #include <map>
 #include <ostream>
 #include <string>
 #include <vector>
-
-#include "bench/Measurement.h"
 
 namespace bench {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "bench/Measurement.h"
+
 #include <ostream>
 #include <string>
 #include <vector>
-
-#include "bench/Measurement.h"
 
 namespace bench {
 

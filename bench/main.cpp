@@ -1,16 +1,16 @@
 // Measures what this library does against a floor or a peer doing the same work.
-#include <unistd.h>
-#include <algorithm>
-#include <iostream>
-#include <string>
-#include <vector>
-
 #include <CLI/CLI.hpp>
 
 #include "bench/Measurement.h"
 #include "bench/Subject.h"
 #include "bench/Summary.h"
 #include "bench/Table.h"
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 

@@ -10,17 +10,21 @@ SANITIZER_DEFAULT __asan_default_options() {
   return "alloc_dealloc_mismatch=0:detect_leaks=1:detect_stack_use_after_return=1";
 }
 
+// A program's standard error is its user's: what was overlooked is not listed there.
+SANITIZER_DEFAULT __lsan_default_options() { return "print_suppressions=0"; }
+
 SANITIZER_DEFAULT __ubsan_default_options() { return "print_stacktrace=1"; }
 
 // Leaks of other libraries, one line each with its reason. Nothing of this project belongs
 // here.
 SANITIZER_DEFAULT __lsan_default_suppressions() {
-  return "leak:cc_dl_open\n"           // Coin keeps the record of a library that it loaded
+  return "leak:cc_dl_open\n"          // Coin keeps the record of a library that it loaded
          "leak:cc_glglue_instance\n"  // and forgets that of a context that has ended,
          // an element's default when it is started a second time,
          "leak:SoCoordinateElement::initClass\n"
          // and its clock in a program that never calls SoDB::finish.
          "leak:SoSFTime::createInstance\n"
+         "leak:swrast_dri.so\n"      // Mesa's renderer keeps some of what it compiled
          "leak:libdbus-1.so\n"       // Qt keeps its connection to the desktop
          "leak:libfontconfig.so\n";  // and the fonts that it found
 }

@@ -1,5 +1,12 @@
 #include "examples/DemoProject.h"
 
+#include <Eigen/Dense>
+#include <Inventor/SbMatrix.h>
+#include <Inventor/nodes/SoPerspectiveCamera.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include "viewer/OffscreenRenderer.h"
+
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -7,13 +14,6 @@
 #include <numbers>
 #include <random>
 #include <stdexcept>
-
-#include <Inventor/SbMatrix.h>
-#include <Inventor/nodes/SoPerspectiveCamera.h>
-#include <Inventor/nodes/SoSeparator.h>
-#include <Eigen/Dense>
-
-#include "viewer/OffscreenRenderer.h"
 
 using Eigen::Matrix3d;
 using Eigen::Vector2d;

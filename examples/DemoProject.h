@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include <Eigen/Core>
 
 #include "examples/DemoScene.h"
 #include "viewer/Picture.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 /// The demo project: photographs of the demo scene, measurements in them with noise, and
 /// the object points computed from those, written as a COLMAP text model.

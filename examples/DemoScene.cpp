@@ -1,10 +1,6 @@
 #include "examples/DemoScene.h"
 
-#include <algorithm>
-#include <cmath>
-#include <numbers>
-#include <random>
-
+#include <Eigen/Geometry>
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoComplexity.h>
 #include <Inventor/nodes/SoCoordinate3.h>
@@ -13,7 +9,11 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTexture2.h>
 #include <Inventor/nodes/SoTextureCoordinate2.h>
-#include <Eigen/Geometry>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <random>
 
 namespace {
 

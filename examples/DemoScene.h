@@ -1,14 +1,14 @@
 #pragma once
 
+#include <Eigen/Core>
+
+#include "nodes/framework/NodeRef.h"
+
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
-
-#include <Eigen/Core>
-
-#include "nodes/framework/NodeRef.h"
 
 class SoSeparator;
 

@@ -1,13 +1,13 @@
 // Makes the demo project that stands in examples/demo: a vase and a box on a plate with
 // targets, photographed from a dozen stations, measured and computed.
-#include <cstdio>
-#include <exception>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInteraction.h>
 
 #include "examples/DemoProject.h"
 #include "viewer/HeadlessContext.h"
+
+#include <cstdio>
+#include <exception>
 
 int main(int argc, char** argv) {
   if (argc != 2) {

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "io/Place.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
-
-#include "io/Place.h"
 
 namespace tarn {
 

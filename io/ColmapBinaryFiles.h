@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "io/ColmapModel.h"
 #include "io/ReadProgress.h"
+
+#include <string>
 
 namespace tarn {
 

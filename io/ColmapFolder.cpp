@@ -1,9 +1,9 @@
 #include "io/ColmapFolder.h"
 
+#include "io/ReadError.h"
+
 #include <filesystem>
 #include <vector>
-
-#include "io/ReadError.h"
 
 namespace tarn {
 

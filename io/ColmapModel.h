@@ -1,5 +1,11 @@
 #pragma once
 
+#include "host/general/Colour.h"
+#include "host/general/Point2DDouble.h"
+#include "host/general/Point3DDouble.h"
+#include "io/ColmapCameraModel.h"
+#include "io/Place.h"
+
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -7,12 +13,6 @@
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
-
-#include "host/general/Colour.h"
-#include "host/general/Point2DDouble.h"
-#include "host/general/Point3DDouble.h"
-#include "io/ColmapCameraModel.h"
-#include "io/Place.h"
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #include "io/ColmapProject.h"
 
-#include <limits>
-
 #include "host/model/Project.h"
 #include "io/PointCovariance.h"
+
+#include <limits>
 
 namespace tarn {
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "host/model/Camera.h"
 #include "host/model/MatrixDouble.h"
 #include "host/model/Point3DRandom.h"
 #include "io/ColmapModel.h"
 #include "io/ReadProgress.h"
+
+#include <string>
+#include <vector>
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "io/TarnOIIOExport.h"
+
 #include <functional>
 #include <string>
-
-#include "io/TarnOIIOExport.h"
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #include "io/FileContent.h"
 
+#include "io/ReadError.h"
+
 #include <filesystem>
 #include <fstream>
-
-#include "io/ReadError.h"
 
 namespace tarn {
 

@@ -1,10 +1,11 @@
 #include "io/PointCovariance.h"
 
 #include <Eigen/Eigenvalues>
-#include <cmath>
 
 #include "host/model/Camera.h"
 #include "host/model/MatrixDouble.h"
+
+#include <cmath>
 
 namespace tarn {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
-
 #include "host/general/Point3DDouble.h"
 #include "host/model/Point3DRandom.h"
 #include "io/TarnOIIOExport.h"
+
+#include <array>
 
 namespace tarn {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "io/Place.h"
+
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
-
-#include "io/Place.h"
 
 namespace tarn {
 

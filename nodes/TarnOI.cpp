@@ -1,8 +1,5 @@
 #include "nodes/TarnOI.h"
 
-#include <array>
-#include <ranges>
-
 #include "host/general/DisplayBitmaps.h"
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
 #include "nodes/framework/SoSeparatorWithLayerDict.h"
@@ -16,6 +13,9 @@
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/TarnOITexture.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
+
+#include <array>
+#include <ranges>
 
 namespace TarnOI {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <span>
-
 #include <Inventor/SoType.h>
 
 #include "nodes/TarnOIExport.h"
+
+#include <span>
 
 /// The library as a whole: all its classes, registered and unregistered together.
 namespace TarnOI {

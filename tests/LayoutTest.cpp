@@ -1,7 +1,7 @@
-#include <set>
-
 #include "tests/support/SourceLayout.h"
 #include "tests/support/TarnTest.h"
+
+#include <set>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

@@ -1,13 +1,13 @@
 #include "viewer/CommandLine.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <filesystem>
 #include <sstream>
 #include <string_view>
-
-#include <CLI/CLI.hpp>
 
 namespace fs = std::filesystem;
 

@@ -1,11 +1,11 @@
 #include "viewer/HeadlessContext.h"
 
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
-
-#include <EGL/egl.h>
-#include <EGL/eglext.h>
 
 namespace {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <memory>
-
 #include <Inventor/SbColor.h>
 #include <Inventor/SbViewportRegion.h>
 
 #include "viewer/HeadlessContext.h"
 #include "viewer/Picture.h"
+
+#include <memory>
 
 class SoGLRenderAction;
 class SoNode;

@@ -1,15 +1,15 @@
 #include "viewer/PhotographCache.h"
 
+#include "host/model/Camera.h"
+#include "host/model/CameraStation.h"
+#include "host/model/Image.h"
+#include "host/model/Photograph.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-
-#include "host/model/Camera.h"
-#include "host/model/CameraStation.h"
-#include "host/model/Image.h"
-#include "host/model/Photograph.h"
 
 namespace fs = std::filesystem;
 

@@ -1,14 +1,14 @@
 #include "viewer/Picture.h"
 
-#include <cstdio>
-#include <memory>
-#include <stdexcept>
-
 #include <png.h>
 #include <simage.h>
 #include <turbojpeg.h>
 
 #include "viewer/WholeFile.h"
+
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iostream>
-
 #include <unistd.h>
 
 Progress::Progress() : Progress(std::cerr, isatty(STDERR_FILENO) != 0) {}

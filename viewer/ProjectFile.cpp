@@ -1,10 +1,10 @@
 #include "viewer/ProjectFile.h"
 
+#include "host/model/Project.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <vector>
-
-#include "host/model/Project.h"
 
 namespace ProjectFile {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "io/ColmapReader.h"
+
 #include <stdexcept>
 #include <string>
-
-#include "io/ColmapReader.h"
 
 namespace tarn {
 class CameraStation;

@@ -1,9 +1,5 @@
 #include "viewer/ProjectScene.h"
 
-#include <algorithm>
-#include <cmath>
-#include <utility>
-
 #include <Inventor/SbViewVolume.h>
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoCamera.h>
@@ -27,6 +23,10 @@
 #include "nodes/framework/ViewerFrame.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "viewer/LabelPlaces.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace {
 

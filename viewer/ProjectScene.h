@@ -1,12 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <unordered_set>
-#include <vector>
-
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -18,6 +11,13 @@
 #include "viewer/CommandLine.h"
 #include "viewer/PhotographCache.h"
 #include "viewer/ViewFraming.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
 
 class SoCamera;
 class SoDepthBuffer;

@@ -1,9 +1,5 @@
 #include "viewer/SceneWriter.h"
 
-#include <array>
-#include <cstdio>
-#include <utility>
-
 #include <Inventor/SbName.h>
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/fields/SoField.h>
@@ -21,6 +17,10 @@
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "viewer/WholeFile.h"
+
+#include <array>
+#include <cstdio>
+#include <utility>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "nodes/framework/NodeRef.h"
+
 #include <string>
 #include <unordered_map>
-
-#include "nodes/framework/NodeRef.h"
 
 class SoNode;
 

@@ -1,16 +1,5 @@
 #include "viewer/Tarnview.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <cmath>
-#include <cstring>
-#include <exception>
-#include <iomanip>
-#include <optional>
-#include <ostream>
-#include <string_view>
-#include <system_error>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInteraction.h>
 
@@ -24,6 +13,17 @@
 #include "viewer/ProjectFile.h"
 #include "viewer/ProjectScene.h"
 #include "viewer/SceneWriter.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <exception>
+#include <iomanip>
+#include <optional>
+#include <ostream>
+#include <string_view>
+#include <system_error>
 
 namespace {
 

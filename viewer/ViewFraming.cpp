@@ -1,15 +1,15 @@
 #include "viewer/ViewFraming.h"
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <limits>
-
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
 #include "host/model/Project.h"
 #include "nodes/framework/ViewerFrame.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
 
 namespace {
 

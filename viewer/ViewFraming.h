@@ -1,12 +1,12 @@
 #pragma once
 
-#include <vector>
-
 #include <Inventor/SbRotation.h>
 
 #include "host/general/Point3DDouble.h"
 #include "host/model/Extents.h"
 #include "viewer/CommandLine.h"
+
+#include <vector>
 
 class SoCamera;
 class SoOrthographicCamera;

@@ -1,12 +1,11 @@
 #include "viewer/WholeFile.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
 #include <stdexcept>
-#include <system_error>
-
-#include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace fs = std::filesystem;

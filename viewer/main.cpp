@@ -1,10 +1,10 @@
+#include "viewer/Tarnview.h"
+#include "viewer/window/ViewerWindow.h"
+
 #include <csignal>
 #include <iostream>
 #include <string>
 #include <vector>
-
-#include "viewer/Tarnview.h"
-#include "viewer/window/ViewerWindow.h"
 
 int main(int argc, char** argv) {
   // A file that grows beyond what the user may write is an error like any other.

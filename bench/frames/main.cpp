@@ -5,20 +5,20 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
-#include <malloc.h>
 
 #include "bench/PointNodes.h"
 #include "viewer/OffscreenRenderer.h"
 
-#include <unistd.h>
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <malloc.h>
 #include <numbers>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace {

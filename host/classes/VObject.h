@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdint>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VClass.h"
+
+#include <cstdint>
 
 namespace tarn {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "host/classes/VObject.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
-
-#include "host/classes/VObject.h"
 
 namespace tarn {
 

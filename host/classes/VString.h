@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VObject.h"
+
+#include <string>
+#include <string_view>
 
 namespace tarn {
 

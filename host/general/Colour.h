@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include "host/TarnOIHostExport.h"
+
+#include <cstdint>
 
 namespace tarn {
 

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "host/TarnOIHostExport.h"
+#include "host/classes/VString.h"
+#include "host/general/Colour.h"
+
 #include <map>
 #include <set>
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include "host/TarnOIHostExport.h"
-#include "host/classes/VString.h"
-#include "host/general/Colour.h"
 
 namespace tarn {
 

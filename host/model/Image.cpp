@@ -1,5 +1,10 @@
 #include "host/model/Image.h"
 
+#include <simage.h>
+
+#include "host/model/ImageFormat.h"
+#include "host/model/ImageResampling.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -10,11 +15,6 @@
 #include <random>
 #include <stdexcept>
 #include <utility>
-
-#include <simage.h>
-
-#include "host/model/ImageFormat.h"
-#include "host/model/ImageResampling.h"
 
 namespace tarn {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "host/TarnOIHostExport.h"
+#include "host/classes/VPathString.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/TarnOIHostExport.h"
-#include "host/classes/VPathString.h"
 
 namespace tarn {
 

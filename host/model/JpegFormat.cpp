@@ -1,11 +1,13 @@
 #include "host/model/ImageFormat.h"
 
+// Above: the own header of every format.
+
+#include <turbojpeg.h>
+
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-
-#include <turbojpeg.h>
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
-
 #include "host/TarnOIHostExport.h"
 #include "host/general/Point2DDouble.h"
+
+#include <array>
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "host/TarnOIHostExport.h"
+
 #include <cstddef>
 #include <vector>
-
-#include "host/TarnOIHostExport.h"
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VString.h"
+
+#include <string_view>
 
 namespace tarn {
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <memory>
-#include <optional>
-#include <vector>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VOrdCollect.h"
 #include "host/classes/VString.h"
 #include "host/general/Colour.h"
 #include "host/model/ThreeDPoint.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace tarn {
 

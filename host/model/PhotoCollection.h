@@ -1,11 +1,11 @@
 #pragma once
 
-#include <deque>
-#include <string_view>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VOrdCollect.h"
 #include "host/model/Photograph.h"
+
+#include <deque>
+#include <string_view>
 
 namespace tarn {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <deque>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VObject.h"
 #include "host/classes/VOrdCollect.h"
 #include "host/model/Image.h"
 #include "host/model/MarkedPoint.h"
+
+#include <deque>
 
 namespace tarn {
 

@@ -1,11 +1,13 @@
 #include "host/model/ImageFormat.h"
 
+// Above: the own header of every format.
+
+#include <png.h>
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <string>
-
-#include <png.h>
 
 namespace tarn {
 

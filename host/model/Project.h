@@ -1,8 +1,5 @@
 #pragma once
 
-#include <deque>
-#include <string_view>
-
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VOrdCollect.h"
 #include "host/model/BasicAffine.h"
@@ -13,6 +10,9 @@
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
 #include "host/model/PhotoCollection.h"
+
+#include <deque>
+#include <string_view>
 
 namespace tarn {
 

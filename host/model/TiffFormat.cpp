@@ -1,5 +1,9 @@
 #include "host/model/ImageFormat.h"
 
+// Above: the own header of every format.
+
+#include <tiffio.h>
+
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
@@ -8,8 +12,6 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-
-#include <tiffio.h>
 
 namespace tarn {
 

@@ -1,12 +1,5 @@
 #include "nodes/cameras/CameraSymbols.h"
 
-#include <array>
-#include <charconv>
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -15,6 +8,13 @@
 #include "host/general/Preferences.h"
 #include "nodes/cameras/DetailedCameraMesh.h"
 #include "nodes/framework/SceneColor.h"
+
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace CameraSymbols {
 

@@ -1,8 +1,5 @@
 #include "nodes/cameras/ImagePlane.h"
 
-#include <array>
-#include <memory>
-
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoLineSet.h>
@@ -20,6 +17,9 @@
 #include "host/model/Image.h"
 #include "host/model/Photograph.h"
 #include "nodes/framework/TarnOITexture.h"
+
+#include <array>
+#include <memory>
 
 namespace ImagePlane {
 

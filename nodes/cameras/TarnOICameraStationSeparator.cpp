@@ -1,9 +1,5 @@
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
 
-#include <array>
-#include <cmath>
-#include <memory>
-
 #include <Inventor/SbRotation.h>
 #include <Inventor/SbViewVolume.h>
 #include <Inventor/nodes/SoComplexity.h>
@@ -30,6 +26,10 @@
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/ViewerFrame.h"
+
+#include <array>
+#include <cmath>
+#include <memory>
 
 TARNOI_NODE_SOURCE(TarnOICameraStationSeparator, TarnOISeparator);
 

@@ -1,7 +1,5 @@
 #include "nodes/framework/NodeRegistration.h"
 
-#include <string>
-
 #include <Inventor/C/tidbits.h>
 #include <Inventor/SbName.h>
 #include <Inventor/SoDB.h>
@@ -9,6 +7,8 @@
 #include <Inventor/nodes/SoNode.h>
 
 #include "nodes/framework/TarnOIAssert.h"
+
+#include <string>
 
 namespace {
 

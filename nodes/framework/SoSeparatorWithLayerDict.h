@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstdint>
-#include <unordered_map>
-
 #include <Inventor/nodes/SoSeparator.h>
 
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/NodeRegistration.h"
+
+#include <cstdint>
+#include <unordered_map>
 
 /// A separator that carries a map for the host, from layers to their nodes by intent. The
 /// library never reads or writes it.

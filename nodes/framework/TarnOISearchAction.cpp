@@ -92,10 +92,9 @@ TarnOISearchAction::Verdict TarnOISearchAction::judge(const SoNode& node) {
     return Verdict::visit;
   }
   // Coin's own leaves know nothing of model objects, neither do labels and highlights.
-  const bool answersForNothing =
-      node.getIsBuiltIn() || type == TarnOIText2::getClassTypeId() ||
-      type == TarnOIMaterialWithPriority::getClassTypeId() ||
-      type == TarnOIDrawStyle::getClassTypeId();
+  const bool answersForNothing = node.getIsBuiltIn() || type == TarnOIText2::getClassTypeId() ||
+                                 type == TarnOIMaterialWithPriority::getClassTypeId() ||
+                                 type == TarnOIDrawStyle::getClassTypeId();
   return answersForNothing ? Verdict::skip : Verdict::visit;
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstddef>
-#include <vector>
-
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/actions/SoSubAction.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include "nodes/TarnOIExport.h"
+
+#include <cstddef>
+#include <vector>
 
 namespace tarn {
 class VObject;

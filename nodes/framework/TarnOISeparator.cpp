@@ -1,7 +1,5 @@
 #include "nodes/framework/TarnOISeparator.h"
 
-#include <array>
-
 #include <Inventor/SbMatrix.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
@@ -22,6 +20,8 @@
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/ViewerFrame.h"
+
+#include <array>
 
 TARNOI_ABSTRACT_NODE_SOURCE(TarnOISeparator, SoSeparator);
 TARNOI_SEPARATOR_INIT_CLASS(TarnOISeparator);

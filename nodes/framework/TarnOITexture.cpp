@@ -1,11 +1,11 @@
 #include "nodes/framework/TarnOITexture.h"
 
-#include <utility>
-
 #include "host/classes/VDictionary.h"
 #include "host/classes/VPathString.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOISearchAction.h"
+
+#include <utility>
 
 TARNOI_NODE_SOURCE(TarnOITexture, SoTexture2);
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-
 #include <Inventor/nodes/SoTexture2.h>
 
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/NodeRegistration.h"
+
+#include <memory>
 
 namespace tarn {
 class VDictionary;

@@ -1,8 +1,5 @@
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 
-#include <cmath>
-#include <string>
-
 #include <Inventor/SbMatrix.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoMarkerSet.h>
@@ -25,6 +22,9 @@
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/ViewerFrame.h"
+
+#include <cmath>
+#include <string>
 
 TARNOI_NODE_SOURCE(TarnOIObjectPointSeparator, TarnOISeparator);
 TARNOI_SEPARATOR_INIT_CLASS(TarnOIObjectPointSeparator);

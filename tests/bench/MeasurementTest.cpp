@@ -1,11 +1,11 @@
 #include "bench/Measurement.h"
 
+#include "bench/Table.h"
+#include "tests/support/TarnTest.h"
+
 #include <memory>
 #include <sstream>
 #include <stdexcept>
-
-#include "bench/Table.h"
-#include "tests/support/TarnTest.h"
 
 using ::testing::HasSubstr;
 

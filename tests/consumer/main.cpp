@@ -1,8 +1,6 @@
 // What an application does with the library: a project, a node for one of its points, and
 // the way back from the point to its node.
 
-#include <cstdio>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -17,6 +15,8 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "nodes/framework/TarnOISwitch.h"
+
+#include <cstdio>
 
 namespace {
 

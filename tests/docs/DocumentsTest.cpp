@@ -1,10 +1,10 @@
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <regex>
 #include <string>
-
-#include <gtest/gtest.h>
 
 namespace {
 

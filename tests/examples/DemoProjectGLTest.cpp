@@ -1,12 +1,12 @@
 #include "examples/DemoProject.h"
 
+#include "tests/support/TarnTest.h"
+
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
-
-#include "tests/support/TarnTest.h"
 
 class DemoProjectGLTest : public TarnTest {
 protected:

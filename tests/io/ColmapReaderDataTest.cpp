@@ -1,12 +1,13 @@
+#include "io/ColmapReader.h"
+
+#include "host/model/Project.h"
+#include "tests/support/TarnTest.h"
+
 #include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <numeric>
 #include <sstream>
-
-#include "host/model/Project.h"
-#include "io/ColmapReader.h"
-#include "tests/support/TarnTest.h"
 
 namespace {
 

@@ -1,15 +1,14 @@
-#include <sys/stat.h>
-
-#include <cstring>
-#include <filesystem>
-#include <functional>
-#include <limits>
-
 #include "host/model/Project.h"
 #include "io/ColmapReader.h"
 #include "io/ReadError.h"
 #include "tests/support/SyntheticScene.h"
 #include "tests/support/TarnTest.h"
+
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <limits>
+#include <sys/stat.h>
 
 using ::testing::EndsWith;
 

@@ -1,17 +1,17 @@
 #include "io/ColmapReader.h"
 
+#include "host/model/Project.h"
+#include "io/PointCovariance.h"
+#include "io/ReadError.h"
+#include "tests/support/SyntheticScene.h"
+#include "tests/support/TarnTest.h"
+
 #include <clocale>
 #include <cmath>
 #include <filesystem>
 #include <locale>
 #include <map>
 #include <set>
-
-#include "host/model/Project.h"
-#include "io/PointCovariance.h"
-#include "io/ReadError.h"
-#include "tests/support/SyntheticScene.h"
-#include "tests/support/TarnTest.h"
 
 using ::testing::DoubleNear;
 using ::testing::ElementsAre;

@@ -3,16 +3,6 @@
 //
 //   tarn_lifecycle SCENARIO     exit status 0 when everything held
 
-#include <algorithm>
-#include <cstdio>
-#include <cstring>
-#include <functional>
-#include <map>
-#include <random>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/SoDB.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
@@ -24,6 +14,16 @@
 #include "nodes/TarnOI.h"
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOISearchAction.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <map>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -1,11 +1,5 @@
 #include "nodes/TarnOI.h"
 
-#include <algorithm>
-#include <cstring>
-#include <ostream>
-#include <string>
-#include <vector>
-
 #include <Inventor/SbName.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoNode.h>
@@ -15,6 +9,12 @@
 #include "nodes/framework/TarnOIMaterial.h"
 #include "tests/support/BoundNode.h"
 #include "tests/support/TarnTest.h"
+
+#include <algorithm>
+#include <cstring>
+#include <ostream>
+#include <string>
+#include <vector>
 
 using ::testing::AllOf;
 using ::testing::Contains;

@@ -1,11 +1,11 @@
 #include "tests/support/Baseline.h"
 
-#include <cstdlib>
-#include <filesystem>
-
 #include <gtest/gtest-spi.h>
 
 #include "tests/support/TarnTest.h"
+
+#include <cstdlib>
+#include <filesystem>
 
 namespace {
 

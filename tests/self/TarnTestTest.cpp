@@ -1,13 +1,13 @@
 #include "tests/support/TarnTest.h"
 
-#include <memory>
-
 #include <gtest/gtest-spi.h>
 
 #include "host/general/assertError.h"
 #include "host/general/warning.h"
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
+
+#include <memory>
 
 namespace {
 
@@ -35,7 +35,8 @@ TEST(TarnTestTest, ReportThatWasNotTakenFails) {
 TEST(TarnTestTest, ReportThatWasTakenDoesNotFail) {
   HoldsANode test;
   tarn::assertError("x > 0", "Somewhere", 12);
-  EXPECT_THAT(test.takeAssertions(), ::testing::ElementsAre(IsAssertionAt("x > 0", "Somewhere", 12)));
+  EXPECT_THAT(test.takeAssertions(),
+              ::testing::ElementsAre(IsAssertionAt("x > 0", "Somewhere", 12)));
   test.TearDown();
 }
 

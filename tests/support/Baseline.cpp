@@ -1,12 +1,12 @@
 #include "tests/support/Baseline.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <stdexcept>
-
-#include <gtest/gtest.h>
 
 namespace Baseline {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "viewer/Picture.h"
+
+#include <string>
 
 /// Compares drawn pictures with the accepted ones, tests/baselines/NAME.png.
 ///

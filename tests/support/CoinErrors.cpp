@@ -1,10 +1,10 @@
 #include "tests/support/CoinErrors.h"
 
-#include <utility>
-
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/errors/SoMemoryError.h>
 #include <Inventor/errors/SoReadError.h>
+
+#include <utility>
 
 namespace {
 std::vector<std::string> reports;

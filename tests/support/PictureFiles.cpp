@@ -1,13 +1,13 @@
 #include "tests/support/PictureFiles.h"
 
-#include <cmath>
-#include <memory>
-#include <stdexcept>
-
 #include <png.h>
 #include <simage.h>
 #include <tiffio.h>
 #include <turbojpeg.h>
+
+#include <cmath>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "host/classes/VDictionary.h"
+
 #include <utility>
 #include <vector>
-
-#include "host/classes/VDictionary.h"
 
 /// A dictionary that records its changes.
 class RecordingDictionary : public tarn::VDictionary {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "host/general/Preferences.h"
+
 #include <ostream>
 #include <string>
 #include <vector>
-
-#include "host/general/Preferences.h"
 
 /// One question to the preference store, with the kind of value that was asked for: a store
 /// answers a flag and a number of the same text differently. Defaults are kept as text:

@@ -1,14 +1,14 @@
 #include "tests/support/SyntheticScene.h"
 
+#include "host/model/Project.h"
+#include "io/ColmapReader.h"
+#include "tests/support/TarnTest.h"
+
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-
-#include "host/model/Project.h"
-#include "io/ColmapReader.h"
-#include "tests/support/TarnTest.h"
 
 namespace {
 

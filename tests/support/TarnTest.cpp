@@ -1,15 +1,15 @@
 #include "tests/support/TarnTest.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <utility>
-
 #include <Inventor/errors/SoError.h>
 
 #include "host/general/assertError.h"
 #include "host/general/warning.h"
 #include "tests/support/CoinErrors.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <utility>
 
 namespace {
 std::vector<Assertion> assertions;

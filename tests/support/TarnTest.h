@@ -1,15 +1,15 @@
 #pragma once
 
-#include <ostream>
-#include <string>
-#include <vector>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/general/ThreeDViewOffset.h"
 #include "tests/support/RecordingDictionary.h"
 #include "tests/support/RecordingPreferences.h"
+
+#include <ostream>
+#include <string>
+#include <vector>
 
 /// One failed check that was reported.
 struct Assertion {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <sys/resource.h>
-
 #include <csignal>
+#include <sys/resource.h>
 
 /// Files end at so many bytes while it lives, as on a full disk.
 class FileSizeLimit {

@@ -1,7 +1,5 @@
 #include "viewer/OffscreenRenderer.h"
 
-#include <stdexcept>
-
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoFaceSet.h>
@@ -11,6 +9,8 @@
 
 #include "nodes/framework/NodeRef.h"
 #include "tests/support/TarnTest.h"
+
+#include <stdexcept>
 
 using ::testing::ElementsAre;
 

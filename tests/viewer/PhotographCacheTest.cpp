@@ -1,12 +1,12 @@
 #include "viewer/PhotographCache.h"
 
-#include <filesystem>
-#include <limits>
-
 #include "host/model/Project.h"
 #include "tests/support/TarnTest.h"
 #include "tests/viewer/FileSizeLimit.h"
 #include "viewer/Picture.h"
+
+#include <filesystem>
+#include <limits>
 
 using ::testing::StartsWith;
 namespace fs = std::filesystem;

@@ -1,9 +1,9 @@
 #include "viewer/Picture.h"
 
+#include "tests/support/TarnTest.h"
+
 #include <filesystem>
 #include <stdexcept>
-
-#include "tests/support/TarnTest.h"
 
 class PictureTest : public TarnTest {
 protected:

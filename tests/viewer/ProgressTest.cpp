@@ -1,8 +1,8 @@
 #include "viewer/Progress.h"
 
-#include <sstream>
-
 #include "tests/support/TarnTest.h"
+
+#include <sstream>
 
 using ::testing::EndsWith;
 using ::testing::HasSubstr;

@@ -1,10 +1,11 @@
-#include <cstdlib>
+#include "viewer/ProjectScene.h"
 
 #include "host/model/Project.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
 #include "viewer/ProjectFile.h"
-#include "viewer/ProjectScene.h"
+
+#include <cstdlib>
 
 using View = CommandLine::View;
 

@@ -1,11 +1,12 @@
-#include <cstdlib>
+#include "viewer/ProjectScene.h"
 
 #include "host/model/Project.h"
 #include "tests/support/Baseline.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
 #include "viewer/ProjectFile.h"
-#include "viewer/ProjectScene.h"
+
+#include <cstdlib>
 
 using View = CommandLine::View;
 

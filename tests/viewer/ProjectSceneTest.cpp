@@ -1,8 +1,5 @@
 #include "viewer/ProjectScene.h"
 
-#include <cstdlib>
-#include <filesystem>
-
 #include <Inventor/nodes/SoCamera.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoSwitch.h>
@@ -16,6 +13,9 @@
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/ProjectFile.h"
+
+#include <cstdlib>
+#include <filesystem>
 
 using View = CommandLine::View;
 

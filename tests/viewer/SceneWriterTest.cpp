@@ -1,9 +1,5 @@
 #include "viewer/SceneWriter.h"
 
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/nodes/SoDrawStyle.h>
@@ -21,6 +17,10 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOITexture.h"
 #include "tests/support/TarnTest.h"
+
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
 
 using ::testing::HasSubstr;
 using ::testing::Not;

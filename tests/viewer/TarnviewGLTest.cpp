@@ -1,14 +1,13 @@
-#include <sys/wait.h>
+#include "nodes/TarnOI.h"
+#include "tests/support/TarnTest.h"
+#include "viewer/Picture.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
-
-#include "nodes/TarnOI.h"
-#include "tests/support/TarnTest.h"
-#include "viewer/Picture.h"
+#include <sys/wait.h>
 
 using ::testing::EndsWith;
 using ::testing::HasSubstr;

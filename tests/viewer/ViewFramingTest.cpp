@@ -1,7 +1,5 @@
 #include "viewer/ViewFraming.h"
 
-#include <cmath>
-
 #include <Inventor/SbViewVolume.h>
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
@@ -10,6 +8,8 @@
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/ViewerFrame.h"
 #include "tests/support/TarnTest.h"
+
+#include <cmath>
 
 using View = CommandLine::View;
 using tarn::Point3DDouble;

@@ -1,13 +1,5 @@
 #include "viewer/WholeFile.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -16,6 +8,13 @@
 #include "tests/viewer/FileSizeLimit.h"
 #include "viewer/Picture.h"
 #include "viewer/SceneWriter.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 

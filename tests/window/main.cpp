@@ -1,22 +1,22 @@
 // Opens the window of tarnview on the display that there is, as a user would: looks at what
 // is drawn, presses a key, closes it.
-#include <cstdlib>
-#include <set>
-#include <sstream>
-#include <string>
-
 #include <Inventor/sensors/SoTimerSensor.h>
-#include <gtest/gtest.h>
 #include <QApplication>
 #include <QImage>
 #include <QKeyEvent>
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
+#include <gtest/gtest.h>
 
 #include "viewer/ProjectScene.h"
 #include "viewer/Tarnview.h"
 #include "viewer/window/ViewerWindow.h"
+
+#include <cstdlib>
+#include <set>
+#include <sstream>
+#include <string>
 
 namespace {
 

@@ -1,16 +1,11 @@
 #include "viewer/window/ViewerWindow.h"
 
-#include <cmath>
-#include <cstdlib>
-#include <ostream>
-
 #include <Inventor/Qt/SoQt.h>
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 #include <Inventor/SoPath.h>
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoRayPickAction.h>
 #include <Inventor/nodes/SoCamera.h>
-#include <xcb/xcb.h>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
@@ -21,6 +16,11 @@
 #include "nodes/framework/TarnOISeparator.h"
 #include "viewer/ProjectScene.h"
 #include "viewer/Tarnview.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <ostream>
+#include <xcb/xcb.h>
 
 namespace {
 

@@ -1,8 +1,5 @@
 #include "host/classes/VClass.h"
 
-#include <memory>
-#include <string>
-
 #include "host/classes/VDictionary.h"
 #include "host/classes/VOrdCollect.h"
 #include "host/classes/VPathString.h"
@@ -10,6 +7,9 @@
 #include "host/model/Project.h"
 #include "host/model/SurfacePoint.h"
 #include "tests/support/TarnTest.h"
+
+#include <memory>
+#include <string>
 
 class VClassTest : public TarnTest {};
 

@@ -1,14 +1,14 @@
 #include "host/classes/VDictionary.h"
 
+#include "host/classes/VPathString.h"
+#include "tests/support/TarnTest.h"
+
 #include <cstdint>
 #include <deque>
 #include <map>
 #include <memory>
 #include <random>
 #include <vector>
-
-#include "host/classes/VPathString.h"
-#include "tests/support/TarnTest.h"
 
 using tarn::VDictionary;
 

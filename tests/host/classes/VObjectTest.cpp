@@ -1,13 +1,13 @@
 #include "host/classes/VObject.h"
 
-#include <bitset>
-#include <memory>
-#include <vector>
-
 #include "host/classes/VString.h"
 #include "host/model/ImportedPoint.h"
 #include "host/model/SurfacePoint.h"
 #include "tests/support/TarnTest.h"
+
+#include <bitset>
+#include <memory>
+#include <vector>
 
 class VObjectTest : public TarnTest {};
 

@@ -1,8 +1,8 @@
 #include "host/classes/VOrdCollect.h"
 
-#include <malloc.h>
-
 #include "tests/support/TarnTest.h"
+
+#include <malloc.h>
 
 using tarn::VOrdCollect;
 

@@ -1,9 +1,9 @@
 #include "host/classes/VString.h"
 
-#include <string>
-
 #include "host/classes/VPathString.h"
 #include "tests/support/TarnTest.h"
+
+#include <string>
 
 using tarn::VString;
 

@@ -7,13 +7,13 @@
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 
-#include <algorithm>
-#include <string>
-#include <vector>
-
 #include "nodes/framework/NodeRef.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
 
 using ::testing::ElementsAre;
 

@@ -4,13 +4,13 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 
+#include "nodes/TarnOI.h"
+#include "tests/support/TarnTest.h"
+
 #include <cstdlib>
 #include <set>
 #include <string>
 #include <vector>
-
-#include "nodes/TarnOI.h"
-#include "tests/support/TarnTest.h"
 
 using tarn::gSymbols;
 using ::testing::ElementsAre;

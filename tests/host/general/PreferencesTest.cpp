@@ -1,11 +1,11 @@
 #include "host/general/Preferences.h"
 
+#include "tests/support/TarnTest.h"
+
 #include <clocale>
 #include <cmath>
 #include <locale>
 #include <stdexcept>
-
-#include "tests/support/TarnTest.h"
 
 using tarn::Colour;
 using tarn::Preferences;

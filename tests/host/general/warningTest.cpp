@@ -1,8 +1,8 @@
 #include "host/general/warning.h"
 
-#include <string>
-
 #include "tests/support/TarnTest.h"
+
+#include <string>
 
 using ::testing::ElementsAre;
 

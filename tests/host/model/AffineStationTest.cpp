@@ -1,13 +1,13 @@
 #include "host/model/AffineStation.h"
 
-#include <cmath>
-#include <memory>
-
 #include "host/model/BasicAffine.h"
 #include "host/model/Camera.h"
 #include "host/model/CameraStation.h"
 #include "host/model/Photograph.h"
 #include "tests/support/TarnTest.h"
+
+#include <cmath>
+#include <memory>
 
 using tarn::AffineStation;
 using tarn::BasicAffine;

@@ -1,8 +1,8 @@
 #include "host/model/BasicAffine.h"
 
-#include <limits>
-
 #include "tests/support/TarnTest.h"
+
+#include <limits>
 
 using tarn::BasicAffine;
 using tarn::MatrixDouble;

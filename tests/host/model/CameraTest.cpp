@@ -1,9 +1,9 @@
 #include "host/model/Camera.h"
 
+#include "tests/support/TarnTest.h"
+
 #include <cmath>
 #include <limits>
-
-#include "tests/support/TarnTest.h"
 
 using tarn::Camera;
 using tarn::LensDistortion;

@@ -1,8 +1,8 @@
 #include "host/model/Extents.h"
 
-#include <limits>
-
 #include "tests/support/TarnTest.h"
+
+#include <limits>
 
 using tarn::Extents;
 using tarn::Point3DDouble;

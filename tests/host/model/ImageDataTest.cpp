@@ -1,11 +1,11 @@
 #include "host/model/Image.h"
 
+#include "tests/support/PictureFiles.h"
+#include "tests/support/TarnTest.h"
+
 #include <filesystem>
 #include <map>
 #include <string>
-
-#include "tests/support/PictureFiles.h"
-#include "tests/support/TarnTest.h"
 
 namespace {
 

@@ -1,15 +1,15 @@
 #include "host/model/Image.h"
 
-#include <sys/resource.h>
-#include <sys/stat.h>
+#include "tests/support/PictureFiles.h"
+#include "tests/support/TarnTest.h"
+
 #include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-
-#include "tests/support/PictureFiles.h"
-#include "tests/support/TarnTest.h"
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 using ::testing::AllOf;
 using ::testing::ElementsAre;

@@ -1,10 +1,10 @@
 #include "host/model/LensDistortion.h"
 
+#include "tests/support/TarnTest.h"
+
 #include <cmath>
 #include <limits>
 #include <numbers>
-
-#include "tests/support/TarnTest.h"
 
 using tarn::LensDistortion;
 using tarn::Point2DDouble;

@@ -1,9 +1,9 @@
 #include "host/model/MatrixDouble.h"
 
-#include <limits>
-
 #include "host/model/VectorDouble.h"
 #include "tests/support/TarnTest.h"
+
+#include <limits>
 
 using tarn::MatrixDouble;
 

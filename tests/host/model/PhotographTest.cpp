@@ -1,10 +1,10 @@
 #include "host/model/Photograph.h"
 
-#include <vector>
-
 #include "host/model/CameraStation.h"
 #include "host/model/ObjectPoint.h"
 #include "tests/support/TarnTest.h"
+
+#include <vector>
 
 using tarn::MarkedPoint;
 

@@ -1,11 +1,11 @@
 #include "host/model/Point3DRandom.h"
 
-#include <cmath>
-#include <limits>
-
 #include "host/model/MatrixDouble.h"
 #include "host/model/VectorDouble.h"
 #include "tests/support/TarnTest.h"
+
+#include <cmath>
+#include <limits>
 
 using tarn::MatrixDouble;
 using tarn::Point3DDouble;

@@ -1,8 +1,8 @@
 #include "host/model/Project.h"
 
-#include <vector>
-
 #include "tests/support/TarnTest.h"
+
+#include <vector>
 
 using tarn::BasicAffine;
 using tarn::Extents;

@@ -1,10 +1,5 @@
 #include "nodes/cameras/CameraSymbols.h"
 
-#include <array>
-#include <clocale>
-#include <map>
-#include <tuple>
-
 #include <Inventor/SbVec3d.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoCube.h>
@@ -16,6 +11,11 @@
 #include <Inventor/nodes/SoSphere.h>
 
 #include "tests/nodes/cameras/StationFixture.h"
+
+#include <array>
+#include <clocale>
+#include <map>
+#include <tuple>
 
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
@@ -105,8 +105,8 @@ TEST_F(CameraSymbolsTest, SphereIsYellowWithThreeRings) {
 TEST_F(CameraSymbolsTest, DetailedSymbolReadsItsColorsOnceInTheirOrder) {
   EXPECT_EQ(g_cs_node, nullptr);
   TarnOICameraStationSeparator::CreateCSNode();
-  std::vector<Read> expected = {{Read::eColour, "CameraStationColor(RRRGGGBBB_0-255)",
-                                 "044043043", "ProjectViewer(3D_Viewer)"}};
+  std::vector<Read> expected = {{Read::eColour, "CameraStationColor(RRRGGGBBB_0-255)", "044043043",
+                                 "ProjectViewer(3D_Viewer)"}};
   const std::string dark = "0.1137254901960784";
   const std::string middle = "0.4117647058823529";
   const std::string light = "0.7529411764705882";

@@ -1,8 +1,5 @@
 #include "nodes/cameras/ImagePlane.h"
 
-#include <array>
-#include <filesystem>
-
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoShapeHints.h>
 #include <Inventor/nodes/SoTextureCoordinate2.h>
@@ -10,6 +7,9 @@
 #include "nodes/framework/TarnOITexture.h"
 #include "tests/nodes/cameras/StationFixture.h"
 #include "viewer/Picture.h"
+
+#include <array>
+#include <filesystem>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -109,9 +109,10 @@ TEST_F(ImagePlaneTest, PreferencesAreReadInTheirOrder) {
   writePhotograph("wall.png", 40, 30);
   plane();
   const std::vector<Read> first = preferences.takeReads();
-  EXPECT_THAT(first, ElementsAre(Read{Read::eInt, "CamStnImageResampleFactor", "10", viewerSection},
-                                 Read{Read::eBool, "ShowDoubleSidedImagePlaneCam", "1", viewerSection},
-                                 Read{Read::eBool, "ShowCamsAsLines", "1", viewerSection}));
+  EXPECT_THAT(first,
+              ElementsAre(Read{Read::eInt, "CamStnImageResampleFactor", "10", viewerSection},
+                          Read{Read::eBool, "ShowDoubleSidedImagePlaneCam", "1", viewerSection},
+                          Read{Read::eBool, "ShowCamsAsLines", "1", viewerSection}));
   // The factor is asked for only when the copy is made.
   plane();
   EXPECT_THAT(preferences.takeReads(),

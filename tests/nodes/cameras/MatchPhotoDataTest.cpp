@@ -2,10 +2,6 @@
 // shows, once lens distortion and principal point, which that camera does not know, are
 // taken out of the measurements.
 
-#include <algorithm>
-#include <cmath>
-#include <string>
-
 #include <Inventor/SbViewVolume.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
@@ -15,6 +11,10 @@
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/ViewerFrame.h"
 #include "tests/support/TarnTest.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
 
 namespace {
 

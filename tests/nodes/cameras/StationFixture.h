@@ -1,9 +1,5 @@
 #pragma once
 
-#include <cmath>
-#include <string>
-#include <vector>
-
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoLineSet.h>
 #include <Inventor/nodes/SoScale.h>
@@ -18,6 +14,10 @@
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "tests/support/TarnTest.h"
+
+#include <cmath>
+#include <string>
+#include <vector>
 
 /// The node with its members in sight.
 struct OpenStationSeparator : TarnOICameraStationSeparator {

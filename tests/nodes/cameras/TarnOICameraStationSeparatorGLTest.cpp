@@ -5,13 +5,13 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
-#include <algorithm>
-#include <array>
-
 #include "nodes/framework/ViewerFrame.h"
 #include "tests/nodes/cameras/StationFixture.h"
 #include "tests/support/Baseline.h"
 #include "viewer/OffscreenRenderer.h"
+
+#include <algorithm>
+#include <array>
 
 class TarnOICameraStationSeparatorGLTest : public StationFixture {
 protected:

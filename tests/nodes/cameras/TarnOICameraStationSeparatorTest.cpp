@@ -1,8 +1,5 @@
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
 
-#include <array>
-#include <limits>
-
 #include <Inventor/SbRotation.h>
 #include <Inventor/nodes/SoComplexity.h>
 #include <Inventor/nodes/SoCube.h>
@@ -13,6 +10,9 @@
 
 #include "host/model/BasicAffine.h"
 #include "tests/nodes/cameras/StationFixture.h"
+
+#include <array>
+#include <limits>
 
 using ::testing::AllOf;
 using ::testing::Contains;
@@ -268,7 +268,8 @@ TEST_F(TarnOICameraStationSeparatorTest, BoxSymbolStandsForAnOrientedStationOnRe
   preferences.Set("UseNewSymbol", "0", "TarnOICamera");
   auto node = built();
   EXPECT_EQ(typesOf(node.get()), withLeading(base, boxSymbolTypes));
-  EXPECT_THAT(preferences.takeReads(), ElementsAre(Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"}));
+  EXPECT_THAT(preferences.takeReads(),
+              ElementsAre(Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"}));
   EXPECT_EQ(g_cs_node, nullptr);
 }
 
@@ -712,8 +713,9 @@ TEST_F(TarnOICameraStationSeparatorTest, LabelOfTheBoxSymbolHasItsOwnOffset) {
   preferences.takeReads();
   node->UpdateTextLable(1);
   EXPECT_EQ(node->labelTranslation->translation.getValue(), SbVec3f(0.5F, 0.5F, 0.5F));
-  EXPECT_THAT(preferences.takeReads(), ElementsAre(Read{Read::eDouble, "CSIDOffset", "0.5", viewerSection},
-                                                   Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"}));
+  EXPECT_THAT(preferences.takeReads(),
+              ElementsAre(Read{Read::eDouble, "CSIDOffset", "0.5", viewerSection},
+                          Read{Read::eBool, "UseNewSymbol", "1", "TarnOICamera"}));
 }
 
 TEST_F(TarnOICameraStationSeparatorTest, LabelIsUpdatedInPlace) {

@@ -1,7 +1,5 @@
 #include "nodes/framework/NodeRegistration.h"
 
-#include <string>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
@@ -16,6 +14,8 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "tests/support/TarnTest.h"
+
+#include <string>
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;

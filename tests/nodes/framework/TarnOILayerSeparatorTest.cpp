@@ -1,7 +1,5 @@
 #include "nodes/framework/TarnOILayerSeparator.h"
 
-#include <vector>
-
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoCube.h>
 
@@ -11,6 +9,8 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "tests/support/BoundNode.h"
 #include "tests/support/TarnTest.h"
+
+#include <vector>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

@@ -1,7 +1,5 @@
 #include "nodes/framework/TarnOIMaterial.h"
 
-#include <vector>
-
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -9,6 +7,8 @@
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/support/TarnTest.h"
+
+#include <vector>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

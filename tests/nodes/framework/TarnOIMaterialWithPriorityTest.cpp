@@ -1,13 +1,13 @@
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 
-#include <climits>
-
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/support/TarnTest.h"
+
+#include <climits>
 
 class TarnOIMaterialWithPriorityTest : public TarnTest {};
 

@@ -1,7 +1,5 @@
 #include "nodes/framework/TarnOISeparator.h"
 
-#include <algorithm>
-
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/nodes/SoCallback.h>
@@ -19,6 +17,8 @@
 #include "tests/support/BoundNode.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
+
+#include <algorithm>
 
 class TarnOISeparatorGLTest : public TarnTest {
 protected:

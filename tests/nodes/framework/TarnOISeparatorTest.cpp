@@ -1,10 +1,5 @@
 #include "nodes/framework/TarnOISeparator.h"
 
-#include <array>
-#include <cmath>
-#include <string>
-#include <vector>
-
 #include <Inventor/SbName.h>
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/SoPath.h>
@@ -38,6 +33,11 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/support/BoundNode.h"
 #include "tests/support/TarnTest.h"
+
+#include <array>
+#include <cmath>
+#include <string>
+#include <vector>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

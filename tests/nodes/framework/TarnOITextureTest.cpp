@@ -1,9 +1,5 @@
 #include "nodes/framework/TarnOITexture.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include <Inventor/SbVec2s.h>
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -14,6 +10,10 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/Picture.h"
+
+#include <memory>
+#include <string>
+#include <vector>
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;

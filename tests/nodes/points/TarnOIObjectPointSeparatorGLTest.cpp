@@ -1,9 +1,10 @@
+#include "nodes/points/TarnOIObjectPointSeparator.h"
+
 #include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoOrthographicCamera.h>
 
 #include "host/model/ObjectPoint.h"
-#include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
 

@@ -1,8 +1,4 @@
 // Draws an Inventor file with Coin alone: usage DrawScene SCENE.iv PICTURE.png WIDTH HEIGHT
-#include <cstdio>
-#include <cstdlib>
-#include <exception>
-
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoInteraction.h>
@@ -10,6 +6,10 @@
 
 #include "viewer/HeadlessContext.h"
 #include "viewer/OffscreenRenderer.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
 
 namespace {
 // Null for a file that cannot be read.
