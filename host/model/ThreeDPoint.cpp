@@ -11,6 +11,13 @@ int ThreeDPoint::GetApproximation(Point3DRandom& position) const {
   return 1;
 }
 
+int ThreeDPoint::GetApproximationNoLocalAffine(Point3DDouble& position) const {
+  Point3DRandom approximation;
+  if (!GetApproximation(approximation)) return 0;
+  position = approximation.position();
+  return 1;
+}
+
 void ThreeDPoint::SetApproximation(const Point3DRandom& position) {
   _position = position.position();
   _hasPosition = true;

@@ -13,6 +13,10 @@ class TARN_HOST_EXPORT ThreeDPoint : public VObject {
 public:
   /// The position with its covariance. Returns 0 when there is none.
   virtual int GetApproximation(Point3DRandom& position) const;
+  /// The position without the local affine of the mesh that the point belongs to, where it
+  /// belongs to one that has one; else the same. Returns 0, and changes nothing, when there
+  /// is none.
+  virtual int GetApproximationNoLocalAffine(Point3DDouble& position) const;
   /// Non-zero when the position comes from the bundle adjustment.
   virtual int IsProcessed() const { return _processed; }
 

@@ -23,6 +23,7 @@
 #include "nodes/cameras/CameraSymbols.h"
 #include "nodes/cameras/ImagePlane.h"
 #include "nodes/cameras/StationMatrix.h"
+#include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/ViewerFrame.h"
@@ -54,10 +55,6 @@ void releaseDetailedSymbol() {
 
 bool usesDetailedSymbol() {
   return tarn::gPref->GetBoolPreference("UseNewSymbol", 1, "TarnOICamera");
-}
-
-void removeIfChild(SoGroup* group, SoNode* child) {
-  if (group && child && group->findChild(child) != -1) group->removeChild(child);
 }
 
 }  // namespace
@@ -212,10 +209,8 @@ void TarnOICameraStationSeparator::IsSelected(int selected) {
 
 void TarnOICameraStationSeparator::UpdateTextLable(int show) {
   if (!show) {
-    removeIfChild(this, labelText.get());
-    removeIfChild(this, labelTranslation.get());
-    labelText.reset();
-    labelTranslation.reset();
+    ChildNodes::removeAndForget(*this, labelText);
+    ChildNodes::removeAndForget(*this, labelTranslation);
     return;
   }
   const tarn::CameraStation* station = boundStation();
@@ -244,7 +239,7 @@ void TarnOICameraStationSeparator::Highlight(SoMaterial* material, int on) {
   if (!material) return;
   if (!on) {
     for (int i = findChild(material); i != -1; i = findChild(material)) removeChild(i);
-    removeIfChild(frustumSwitch.get(), material);
+    if (frustumSwitch) ChildNodes::remove(*frustumSwitch, material);
     return;
   }
   if (findChild(material) != -1) return;
@@ -260,13 +255,9 @@ void TarnOICameraStationSeparator::copyContents(const SoFieldContainer* from,
                                                 SbBool copyConnections) {
   TarnOISeparator::copyContents(from, copyConnections);
   const auto* other = static_cast<const TarnOICameraStationSeparator*>(from);
-  const auto own = [this, other]<typename Node>(NodeRef<Node>& mine, const NodeRef<Node>& theirs) {
-    const int index = theirs ? other->findChild(theirs.get()) : -1;
-    mine = NodeRef(index == -1 ? nullptr : static_cast<Node*>(getChild(index)));
-  };
-  own(scaleNode, other->scaleNode);
-  own(labelText, other->labelText);
-  own(labelTranslation, other->labelTranslation);
+  scaleNode = ChildNodes::counterpart(*this, *other, other->scaleNode);
+  labelText = ChildNodes::counterpart(*this, *other, other->labelText);
+  labelTranslation = ChildNodes::counterpart(*this, *other, other->labelTranslation);
   showImagePlane = other->showImagePlane;
   showSymbolWithImage = other->showSymbolWithImage;
   frustumScale = other->frustumScale;

@@ -3,26 +3,17 @@
 #include <Inventor/nodes/SoGroup.h>
 #include <Inventor/nodes/SoTransform.h>
 
+#include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/ViewerFrame.h"
-
-namespace {
-template <typename Node>
-void takeOut(SoGroup& node, NodeRef<Node>& member) {
-  if (!member) return;
-  const int index = node.findChild(member.get());
-  if (index != -1) node.removeChild(index);
-  member.reset();
-}
-}  // namespace
 
 void LabelUpdate::apply(SoGroup& node, const tarn::VString& label,
                         const tarn::Point3DDouble& modelPoint) const {
   if (label.isEmpty()) {
     if (!text) return;
-    takeOut(node, text);
-    takeOut(node, transform);
+    ChildNodes::removeAndForget(node, text);
+    ChildNodes::removeAndForget(node, transform);
     return;
   }
   const bool first = !text;

@@ -16,6 +16,7 @@
 
 #include "host/classes/VDictionary.h"
 #include "host/model/BasicAffine.h"
+#include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISearchAction.h"
@@ -118,7 +119,7 @@ void TarnOISeparator::SetTarnObject(tarn::VObject* object, tarn::VDictionary* di
 void TarnOISeparator::Highlight(SoMaterial* material, int on) {
   if (!material) return;
   if (!on) {
-    if (findChild(material) != -1) removeChild(material);
+    ChildNodes::remove(*this, material);
     return;
   }
   if (findChild(material) != -1) return;

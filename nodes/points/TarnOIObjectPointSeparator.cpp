@@ -16,7 +16,9 @@
 #include "host/model/ObjectPoint.h"
 #include "host/model/SurfacePoint.h"
 #include "host/model/VectorDouble.h"
+#include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/LabelUpdate.h"
+#include "nodes/framework/OneNotification.h"
 #include "nodes/framework/PointCoordinate.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/TarnOIAssert.h"
@@ -88,22 +90,6 @@ SbMatrix ellipsoidInModel(const tarn::Point3DDouble& position, const tarn::Matri
   result.multRight(translation);
   return result;
 }
-
-// A change of children signalled once, when all of it is done.
-class OneNotification {
-public:
-  explicit OneNotification(SoNode& node) : node(node), before(node.enableNotify(FALSE)) {}
-  ~OneNotification() {
-    node.enableNotify(before);
-    node.touch();
-  }
-  OneNotification(const OneNotification&) = delete;
-  OneNotification& operator=(const OneNotification&) = delete;
-
-private:
-  SoNode& node;
-  SbBool before;
-};
 
 }  // namespace
 
@@ -275,16 +261,12 @@ void TarnOIObjectPointSeparator::copyContents(const SoFieldContainer* from,
   // The members of a copy are its own children, where the original's were its: else a
   // label or a marker of the copy could no longer be changed.
   const auto* other = static_cast<const TarnOIObjectPointSeparator*>(from);
-  const auto own = [this, other]<typename Node>(NodeRef<Node>& mine, const NodeRef<Node>& theirs) {
-    const int index = theirs ? other->findChild(theirs.get()) : -1;
-    mine = NodeRef(index == -1 ? nullptr : static_cast<Node*>(getChild(index)));
-  };
-  own(pointPos, other->pointPos);
-  own(markerSet, other->markerSet);
-  own(rgbMaterial, other->rgbMaterial);
-  own(textLable, other->textLable);
-  own(trans, other->trans);
-  own(sphereSeparator, other->sphereSeparator);
+  pointPos = ChildNodes::counterpart(*this, *other, other->pointPos);
+  markerSet = ChildNodes::counterpart(*this, *other, other->markerSet);
+  rgbMaterial = ChildNodes::counterpart(*this, *other, other->rgbMaterial);
+  textLable = ChildNodes::counterpart(*this, *other, other->textLable);
+  trans = ChildNodes::counterpart(*this, *other, other->trans);
+  sphereSeparator = ChildNodes::counterpart(*this, *other, other->sphereSeparator);
   sphereTransform =
       NodeRef(sphereSeparator ? static_cast<SoTransform*>(sphereSeparator->getChild(0)) : nullptr);
 }
@@ -307,6 +289,5 @@ tarn::ObjectPoint* TarnOIObjectPointSeparator::point() const {
 }
 
 void TarnOIObjectPointSeparator::hideErrorEllipsoid() {
-  const int index = sphereSeparator ? findChild(sphereSeparator.get()) : -1;
-  if (index != -1) removeChild(index);
+  ChildNodes::remove(*this, sphereSeparator.get());
 }

@@ -44,3 +44,11 @@ TEST_F(ThreeDPointTest, AnyNonZeroFlagMeansProcessed) {
   point.SetProcessed(0);
   EXPECT_FALSE(point.IsProcessed());
 }
+TEST_F(ThreeDPointTest, WithoutAMeshThePositionWithoutItsLocalAffineIsThePosition) {
+  Point3DDouble stored{7.0, 8.0, 9.0};
+  EXPECT_FALSE(point.GetApproximationNoLocalAffine(stored));
+  EXPECT_EQ(stored, Point3DDouble(7.0, 8.0, 9.0));
+  point.SetApproximation(Point3DRandom(Point3DDouble{1.0, 2.0, 3.0}));
+  ASSERT_TRUE(point.GetApproximationNoLocalAffine(stored));
+  EXPECT_EQ(stored, Point3DDouble(1.0, 2.0, 3.0));
+}
