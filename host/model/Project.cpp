@@ -26,6 +26,10 @@ ObjectPoint& Project::AddObjectPoint() { return added(_objectPoints, _allObjectP
 
 ImportedPoint& Project::AddImportedPoint() { return added(_importedPoints, _allImportedPoints); }
 
+Line& Project::AddLine() { return added(_lines, _allLines); }
+
+Edge& Project::AddEdge() { return added(_edges, _allEdges); }
+
 ObjectPoint* Project::FindObjectPoint(long number) const {
   const VOrdCollect& points = GetObjectPoints();
   for (int i = 0; i < points.size(); ++i) {

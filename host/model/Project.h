@@ -5,8 +5,10 @@
 #include "host/model/BasicAffine.h"
 #include "host/model/Camera.h"
 #include "host/model/CameraStation.h"
+#include "host/model/Edge.h"
 #include "host/model/Extents.h"
 #include "host/model/ImportedPoint.h"
+#include "host/model/Line.h"
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
 #include "host/model/PhotoCollection.h"
@@ -32,11 +34,15 @@ public:
   CameraStation& AddCameraStation();
   ObjectPoint& AddObjectPoint();
   ImportedPoint& AddImportedPoint();
+  Line& AddLine();
+  Edge& AddEdge();
 
   virtual const VOrdCollect& GetCameras() const { return _allCameras; }
   virtual const VOrdCollect& GetCameraStations() const { return _allStations; }
   virtual const VOrdCollect& GetObjectPoints() const { return _allObjectPoints; }
   virtual const VOrdCollect& GetImportedPoints() const { return _allImportedPoints; }
+  virtual const VOrdCollect& GetLines() const { return _allLines; }
+  virtual const VOrdCollect& GetEdges() const { return _allEdges; }
   virtual PhotoCollection* GetPhotoCollection() { return &_photographs; }
   const PhotoCollection& photographs() const { return _photographs; }
 
@@ -68,11 +74,15 @@ private:
   std::deque<CameraStation> _stations;
   std::deque<ObjectPoint> _objectPoints;
   std::deque<ImportedPoint> _importedPoints;
+  std::deque<Line> _lines;
+  std::deque<Edge> _edges;
   PhotoCollection _photographs;
   VOrdCollect _allCameras;
   VOrdCollect _allStations;
   VOrdCollect _allObjectPoints;
   VOrdCollect _allImportedPoints;
+  VOrdCollect _allLines;
+  VOrdCollect _allEdges;
   BasicAffine* _affine = nullptr;
 };
 

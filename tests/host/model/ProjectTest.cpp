@@ -50,6 +50,8 @@ TEST_F(ProjectTest, ANewProjectIsEmpty) {
   EXPECT_EQ(project.GetCameraStations().size(), 0);
   EXPECT_EQ(project.GetObjectPoints().size(), 0);
   EXPECT_EQ(project.GetImportedPoints().size(), 0);
+  EXPECT_EQ(project.GetLines().size(), 0);
+  EXPECT_EQ(project.GetEdges().size(), 0);
   EXPECT_EQ(project.GetPhotoCollection()->GetPhotographs().size(), 0);
   EXPECT_EQ(project.GetAffineTransform(1), nullptr);
   EXPECT_TRUE(project.GetProjectExtents(nullptr, 1, 0).IsEmpty());
@@ -64,6 +66,17 @@ TEST_F(ProjectTest, ListsObjectsInTheOrderOfAddingAndKeepsThemInPlace) {
   tarn::Camera& camera = project.AddCamera();
   EXPECT_EQ(project.GetCameras().at(0), &camera);
   EXPECT_EQ(&project.photographs(), project.GetPhotoCollection());
+}
+
+TEST_F(ProjectTest, ListsItsLinesAndEdges) {
+  tarn::Line& line = project.AddLine();
+  tarn::Line& secondLine = project.AddLine();
+  tarn::Edge& edge = project.AddEdge();
+  ASSERT_EQ(project.GetLines().size(), 2);
+  EXPECT_EQ(project.GetLines().at(0), &line);
+  EXPECT_EQ(project.GetLines().at(1), &secondLine);
+  ASSERT_EQ(project.GetEdges().size(), 1);
+  EXPECT_EQ(project.GetEdges().at(0), &edge);
 }
 
 TEST_F(ProjectTest, FindsAnObjectPointByNumberAndAStationByName) {
