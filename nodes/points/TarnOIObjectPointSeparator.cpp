@@ -18,6 +18,7 @@
 #include "host/model/VectorDouble.h"
 #include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/LabelUpdate.h"
+#include "nodes/framework/Narrowing.h"
 #include "nodes/framework/OneNotification.h"
 #include "nodes/framework/PointCoordinate.h"
 #include "nodes/framework/SceneColor.h"
@@ -74,11 +75,7 @@ SbMatrix ellipsoidInModel(const tarn::Point3DDouble& position, const tarn::Matri
     halfAxes[i] = static_cast<float>(std::sqrt(variances(i + 1)) * scale);
     for (int j = 0; j < 3; ++j) rotation[i][j] = static_cast<float>(axes(j + 1, i + 1));
   }
-  const auto narrowed = [](double value) {
-    // volatile: GCC 12 at -O3 drops the pair of conversions where it vectorises them.
-    const volatile float single = static_cast<float>(value);
-    return static_cast<double>(single);
-  };
+  using Narrowing::narrowed;
   const tarn::Point3DDouble& offset = tarn::gThreeDViewOffset;
   SbMatrix result;
   result.setScale(halfAxes);

@@ -21,6 +21,7 @@
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOIText2.h"
+#include "tests/support/Children.h"
 #include "tests/support/TarnTest.h"
 
 #include <cmath>
@@ -38,20 +39,6 @@ constexpr const char* className = "TarnOIObjectPointSeparator";
 const PreferenceRead showOnlyActive{PreferenceRead::eBool, "ShowOnlyActive", "1", "Control"};
 const PreferenceRead showUserName{PreferenceRead::eBool, "ShowUserNameInIDs", "1", "(null)"};
 const PreferenceRead sphereSize{PreferenceRead::eDouble, "ExagerationSphereSize", "1", "(null)"};
-
-std::vector<std::string> childTypes(const SoGroup& node) {
-  std::vector<std::string> result;
-  for (int i = 0; i < node.getNumChildren(); ++i) {
-    result.emplace_back(node.getChild(i)->getTypeId().getName().getString());
-  }
-  return result;
-}
-
-std::vector<SoNode*> children(const SoGroup& node) {
-  std::vector<SoNode*> result;
-  for (int i = 0; i < node.getNumChildren(); ++i) result.push_back(node.getChild(i));
-  return result;
-}
 
 // The node with its members open.
 class OpenNode : public TarnOIObjectPointSeparator {
