@@ -4,19 +4,16 @@
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/nodes/SoSeparator.h>
 
+#include "bench/Companion.h"
 #include "bench/PointNodes.h"
 #include "bench/Subject.h"
 #include "nodes/framework/TarnOISearchAction.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <ctime>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <random>
-#include <stdexcept>
 #include <string>
 
 namespace {
@@ -110,21 +107,9 @@ struct Scene {
 
 // What tarn_bench_frames prints, by name. A process of its own each time.
 std::map<std::string, double> drawnFrames(bool rasterise) {
-  const std::string program =
-      (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "tarn_bench_frames")
-          .string();
-  const std::string command = std::string(rasterise ? "" : "GALLIUM_NOOP=1 ") + "'" + program +
-                              "' " + std::to_string(manyPoints) + " 2>/dev/null";
-  FILE* output = popen(command.c_str(), "r");
-  if (!output) throw std::runtime_error("tarn_bench_frames cannot be started");
-  std::map<std::string, double> figures;
-  std::array<char, 64> name{};
-  double value = 0;
-  while (std::fscanf(output, "%63s %lf", name.data(), &value) == 2) figures[name.data()] = value;
-  if (pclose(output) != 0 || figures.size() != 4) {
-    throw std::runtime_error("no OpenGL to draw with; tarn_bench_frames says more");
-  }
-  return figures;
+  std::vector<std::string> environment;
+  if (!rasterise) environment.emplace_back("GALLIUM_NOOP=1");
+  return bench::Companion("tarn_bench_frames").figures({std::to_string(manyPoints)}, environment);
 }
 
 // A figure of the frames after a highlight against the steady frame of the same run.
