@@ -12,6 +12,17 @@ Object& added(std::deque<Object>& store, VOrdCollect& all) {
   all.add(&object);
   return object;
 }
+
+void addBoxes(Extents& extents, const VOrdCollect& meshes, BasicAffine* affine, int stored) {
+  Point3DDouble minimum;
+  Point3DDouble maximum;
+  for (int i = 0; i < meshes.size(); ++i) {
+    const auto* mesh = static_cast<const PointMesh*>(meshes.at(i));
+    if (!mesh->GetBoundingBox(minimum, maximum, affine, stored)) continue;
+    extents.Add(minimum);
+    extents.Add(maximum);
+  }
+}
 }  // namespace
 
 Project::Project() = default;
@@ -29,6 +40,8 @@ ImportedPoint& Project::AddImportedPoint() { return added(_importedPoints, _allI
 Line& Project::AddLine() { return added(_lines, _allLines); }
 
 Edge& Project::AddEdge() { return added(_edges, _allEdges); }
+
+PointMesh& Project::AddPointMesh() { return added(_pointMeshes, _allPointMeshes); }
 
 ObjectPoint* Project::FindObjectPoint(long number) const {
   const VOrdCollect& points = GetObjectPoints();
@@ -49,6 +62,10 @@ CameraStation* Project::FindCameraStation(std::string_view name) const {
 }
 
 BasicAffine* Project::GetAffineTransform(int) const { return _affine; }
+
+void Project::GetPointMeshExtents(Extents& extents, BasicAffine* affine) const {
+  addBoxes(extents, GetPointMeshes(), affine, 1);
+}
 
 void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withStations,
                                 int processedOnly) const {
@@ -72,6 +89,7 @@ void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withS
     const auto* point = static_cast<const ImportedPoint*>(importedPoints.at(i));
     if (point->GetApproximation(position)) add(position.position());
   }
+  addBoxes(extents, GetPointMeshes(), affine, 0);
   if (!withStations) return;
   const VOrdCollect& stations = GetCameraStations();
   for (int i = 0; i < stations.size(); ++i) {

@@ -12,6 +12,7 @@
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
 #include "host/model/PhotoCollection.h"
+#include "host/model/PointMesh.h"
 
 #include <deque>
 #include <string_view>
@@ -36,6 +37,7 @@ public:
   ImportedPoint& AddImportedPoint();
   Line& AddLine();
   Edge& AddEdge();
+  PointMesh& AddPointMesh();
 
   virtual const VOrdCollect& GetCameras() const { return _allCameras; }
   virtual const VOrdCollect& GetCameraStations() const { return _allStations; }
@@ -43,6 +45,7 @@ public:
   virtual const VOrdCollect& GetImportedPoints() const { return _allImportedPoints; }
   virtual const VOrdCollect& GetLines() const { return _allLines; }
   virtual const VOrdCollect& GetEdges() const { return _allEdges; }
+  virtual const VOrdCollect& GetPointMeshes() const { return _allPointMeshes; }
   virtual PhotoCollection* GetPhotoCollection() { return &_photographs; }
   const PhotoCollection& photographs() const { return _photographs; }
 
@@ -58,10 +61,16 @@ public:
   /// Sets the project's transform; not owned, null for none.
   void SetAffineTransform(BasicAffine* affine) { _affine = affine; }
 
+  /// Grows `extents` to hold the points of all point meshes as they are stored, without the
+  /// meshes' local affines: the frame that a ramp of heights colours. Each box is that of its
+  /// points brought through `affine` (see PointMesh::GetBoundingBox).
+  virtual void GetPointMeshExtents(Extents& extents, BasicAffine* affine) const;
+
   /// Grows `extents` to hold everything that has a position, each point brought through
   /// `affine` first, in its direction of conversion (null, or one that cannot be set up:
-  /// as it is). `withStations` non-zero counts oriented camera stations, `processedOnly`
-  /// non-zero leaves out object points that the adjustment did not compute.
+  /// as it is); points of meshes are taken in the model. `withStations` non-zero counts oriented
+  /// camera stations, `processedOnly` non-zero leaves out object points that the adjustment did not
+  /// compute.
   virtual void GetProjectExtents(Extents& extents, BasicAffine* affine, int withStations,
                                  int processedOnly) const;
   /// The same box by itself; empty when nothing has a position.
@@ -76,6 +85,7 @@ private:
   std::deque<ImportedPoint> _importedPoints;
   std::deque<Line> _lines;
   std::deque<Edge> _edges;
+  std::deque<PointMesh> _pointMeshes;
   PhotoCollection _photographs;
   VOrdCollect _allCameras;
   VOrdCollect _allStations;
@@ -83,6 +93,7 @@ private:
   VOrdCollect _allImportedPoints;
   VOrdCollect _allLines;
   VOrdCollect _allEdges;
+  VOrdCollect _allPointMeshes;
   BasicAffine* _affine = nullptr;
 };
 

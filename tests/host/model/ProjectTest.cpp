@@ -2,6 +2,8 @@
 
 #include "tests/support/TarnTest.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <vector>
 
 using tarn::BasicAffine;
@@ -33,6 +35,17 @@ protected:
     loose.SetOriented(0);
   }
 
+  /// A mesh of two points, stored 1000 units from where they are.
+  tarn::PointMesh& addMesh(std::initializer_list<float> numbers) {
+    tarn::PointMesh& mesh = project.AddPointMesh();
+    mesh.Allocate(2, 0);
+    std::ranges::copy(numbers, mesh.GetPointStorage().begin());
+    BasicAffine shift;
+    shift.SetTranslation({}, {1000.0, 0.0, 0.0});
+    mesh.SetLocalAffine(shift);
+    return mesh;
+  }
+
   static void expectBox(const Extents& extents, const Point3DDouble& low,
                         const Point3DDouble& high) {
     Point3DDouble minimum;
@@ -52,6 +65,7 @@ TEST_F(ProjectTest, ANewProjectIsEmpty) {
   EXPECT_EQ(project.GetImportedPoints().size(), 0);
   EXPECT_EQ(project.GetLines().size(), 0);
   EXPECT_EQ(project.GetEdges().size(), 0);
+  EXPECT_EQ(project.GetPointMeshes().size(), 0);
   EXPECT_EQ(project.GetPhotoCollection()->GetPhotographs().size(), 0);
   EXPECT_EQ(project.GetAffineTransform(1), nullptr);
   EXPECT_TRUE(project.GetProjectExtents(nullptr, 1, 0).IsEmpty());
@@ -132,6 +146,46 @@ TEST_F(ProjectTest, TheOtherFormGrowsTheExtentsGiven) {
   extents.Add({50.0, 0.0, 0.0});
   project.GetProjectExtents(extents, nullptr, 0, 1);
   expectBox(extents, {0.0, 0.0, 0.0}, {50.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, ListsItsPointMeshesInTheOrderOfAdding) {
+  tarn::PointMesh& first = project.AddPointMesh();
+  tarn::PointMesh& second = project.AddPointMesh();
+  ASSERT_EQ(project.GetPointMeshes().size(), 2);
+  EXPECT_EQ(project.GetPointMeshes().at(0), &first);
+  EXPECT_EQ(project.GetPointMeshes().at(1), &second);
+}
+
+TEST_F(ProjectTest, ProjectExtentsHoldMeshesWhereTheyAre) {
+  addMesh({1, 2, 3, 4, 5, 6});
+  expectBox(project.GetProjectExtents(nullptr, 0, 1), {1001.0, 2.0, 3.0}, {1004.0, 5.0, 6.0});
+}
+
+TEST_F(ProjectTest, PointMeshExtentsHoldMeshesAsTheyAreStoredAndNothingElse) {
+  fill();
+  addMesh({1, 2, 3, 4, 5, 6});
+  addMesh({-1, 2, 3, 4, 5, 60});
+  project.AddPointMesh();
+  Extents extents;
+  project.GetPointMeshExtents(extents, nullptr);
+  expectBox(extents, {-1.0, 2.0, 3.0}, {4.0, 5.0, 60.0});
+}
+
+TEST_F(ProjectTest, PointMeshExtentsGoThroughTheAffineAndGrowWhatIsGiven) {
+  addMesh({1, 2, 3, 4, 5, 6});
+  BasicAffine affine;
+  affine.SetScale(2.0);
+  Extents extents;
+  extents.Add({0.0, 0.0, 100.0});
+  project.GetPointMeshExtents(extents, &affine);
+  expectBox(extents, {0.0, 0.0, 6.0}, {8.0, 10.0, 100.0});
+}
+
+TEST_F(ProjectTest, PointMeshExtentsOfAProjectWithoutMeshesAreEmpty) {
+  fill();
+  Extents extents;
+  project.GetPointMeshExtents(extents, nullptr);
+  EXPECT_TRUE(extents.IsEmpty());
 }
 
 TEST_F(ProjectTest, GivesItsAffineTransform) {

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/TarnOIHostExport.h"
+#include "host/model/ThreeDPoint.h"
+
+namespace tarn {
+
+class PointMesh;
+
+extern TARN_HOST_EXPORT VClass ThreeDPointFromPointMeshCls;
+
+/// One point of a point mesh: it answers from the mesh, which must outlive it.
+class TARN_HOST_EXPORT ThreeDPointFromPointMesh : public ThreeDPoint {
+public:
+  ThreeDPointFromPointMesh() = default;
+  /// The point of that index, counted from 0.
+  ThreeDPointFromPointMesh(const PointMesh* mesh, int index) : _mesh(mesh), _index(index) {}
+
+  /// The point with the mesh's local affine applied; its variances are not known. Returns 0
+  /// where the mesh has no such point.
+  int GetApproximation(Point3DRandom& position) const override;
+  int GetApproximationNoLocalAffine(Point3DDouble& position) const override;
+
+  const PointMesh* GetPointMesh() const { return _mesh; }
+  int GetIndex() const { return _index; }
+
+  VClass* iam() const override { return &ThreeDPointFromPointMeshCls; }
+
+private:
+  bool isOfMesh() const;
+
+  const PointMesh* _mesh = nullptr;
+  int _index = 0;
+};
+
+}  // namespace tarn
