@@ -3,6 +3,7 @@
 #include <Inventor/SbColor.h>
 #include <Inventor/SbViewportRegion.h>
 
+#include "viewer/Framebuffer.h"
 #include "viewer/HeadlessContext.h"
 #include "viewer/Picture.h"
 
@@ -32,7 +33,6 @@ public:
   Picture render(SoNode* scene);
 
 private:
-  struct Framebuffer;
   HeadlessContext context;
   SbViewportRegion viewport;
   SbColor background{0.0F, 0.0F, 0.0F};
