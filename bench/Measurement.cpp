@@ -86,6 +86,8 @@ std::string Result::verdictText() const {
       return "ok";
     case Verdict::Missed:
       return "MISSED";
+    case Verdict::NoTarget:
+      return "no target";
     case Verdict::Skipped:
       return "skipped: " + reason;
     case Verdict::Failed:
@@ -118,7 +120,9 @@ Result measure(const Row& row, int repetitions) {
     }
     // Written so that a ratio that is no number misses its target.
     const double judged = row.against ? result.ratio : result.ours;
-    result.verdict = judged <= row.target ? Result::Verdict::Ok : Result::Verdict::Missed;
+    result.verdict = row.target == noTarget ? Result::Verdict::NoTarget
+                     : judged <= row.target ? Result::Verdict::Ok
+                                            : Result::Verdict::Missed;
   } catch (const std::exception& problem) {
     result.verdict = Result::Verdict::Failed;
     result.reason = problem.what();

@@ -8,7 +8,7 @@ namespace bench {
 
 /// What came out of a row.
 struct Result {
-  enum class Verdict { Ok, Missed, Skipped, Failed };
+  enum class Verdict { Ok, Missed, NoTarget, Skipped, Failed };
 
   double ours = 0;     ///< median, in seconds or in the row's unit
   double against = 0;  ///< likewise; 0 without another side
@@ -16,7 +16,7 @@ struct Result {
   Verdict verdict = Verdict::Ok;
   std::string reason;  ///< why it was skipped or failed
 
-  /// How it is printed: "ok", "MISSED", "skipped: ...", "FAILED: ...".
+  /// How it is printed: "ok", "MISSED", "no target", "skipped: ...", "FAILED: ...".
   std::string verdictText() const;
 };
 

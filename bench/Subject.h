@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,6 +29,9 @@ Measure timeOf(std::string name, std::function<void()> work);
 /// A figure that is not the time of one piece of work.
 Measure figureOf(std::string name, std::function<double()> figure);
 
+/// The target of a row that has none.
+inline constexpr double noTarget = std::numeric_limits<double>::infinity();
+
 /// A line of the table: ours against a floor (a plain loop, bare calls) or a peer.
 ///
 /// Both sides are measured in turn, several times in one run, and their medians compared,
@@ -39,7 +43,7 @@ struct Row {
   std::optional<Measure> against;  ///< none: the target is one for ours alone
   /// The largest ratio of ours to the other side, or, without one, the largest figure of
   /// ours, in seconds for a time.
-  double target = 1.0;
+  double target = 1.0;       ///< noTarget: told only, and judged by whoever reads
   std::string unit = {};     ///< of figures that are not times: "bytes"
   int repetitions = 0;       ///< 0: as many as the command line says
   std::string skipped = {};  ///< not empty: why this row cannot be measured on this machine

@@ -14,7 +14,9 @@ void Summary::print(std::ostream& out, bool check) const {
   }
   out << count(Result::Verdict::Ok) << " ok, " << count(Result::Verdict::Missed) << " missed, "
       << count(Result::Verdict::Skipped) << " skipped, " << count(Result::Verdict::Failed)
-      << " failed\n";
+      << " failed";
+  if (const int told = count(Result::Verdict::NoTarget)) out << ", " << told << " without a target";
+  out << '\n';
 }
 
 int Summary::exitStatus(bool check) const {

@@ -36,7 +36,7 @@ Table::Table() : lines{{"work", "size", "ours", "floor or peer", "ratio", "targe
 
 void Table::add(const Row& row, const Result& result) {
   const bool measured =
-      result.verdict == Result::Verdict::Ok || result.verdict == Result::Verdict::Missed;
+      result.verdict != Result::Verdict::Skipped && result.verdict != Result::Verdict::Failed;
   const std::string none("-");
   std::string ours = none;
   std::string other = row.against ? row.against->name : none;
@@ -46,9 +46,11 @@ void Table::add(const Row& row, const Result& result) {
     other.append(1, ' ').append(value(*row.against, result.against, row.unit));
     ratio = number("%.3f", result.ratio);
   }
-  const std::string target = row.against
-                                 ? number("<= %.3g", row.target)
-                                 : std::string("<= ").append(value(row.ours, row.target, row.unit));
+  std::string target = none;
+  if (row.target != noTarget) {
+    target = row.against ? number("<= %.3g", row.target)
+                         : std::string("<= ").append(value(row.ours, row.target, row.unit));
+  }
   lines.push_back({row.work, row.size, ours, other, ratio, target, result.verdictText()});
 }
 

@@ -53,6 +53,14 @@ TEST_F(MeasurementTest, judges_our_figure_alone_when_there_is_no_other_side) {
   EXPECT_EQ(bench::measure(row, 1).verdict, Verdict::Missed);
 }
 
+TEST_F(MeasurementTest, is_told_without_a_verdict_when_there_is_no_target) {
+  const bench::Row row = figures(13, 10, bench::noTarget);
+  EXPECT_EQ(bench::measure(row, 1).verdict, Verdict::NoTarget);
+  EXPECT_EQ(printed(row),
+            "work  size  ours        floor or peer     ratio  target  verdict\n"
+            "work  size  13.0 bytes  floor 10.0 bytes  1.300  -       no target\n");
+}
+
 TEST_F(MeasurementTest, takes_turns_and_compares_medians_without_the_first_turn) {
   auto order = std::make_shared<std::string>();
   auto values = std::make_shared<std::vector<double>>(std::vector<double>{900, 5, 100, 7});

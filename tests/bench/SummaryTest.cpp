@@ -43,6 +43,14 @@ TEST(SummaryTest, CheckNamesWhatItCouldNotCheck) {
   EXPECT_EQ(printed(summary, false), "0 ok, 0 missed, 1 skipped, 0 failed\n");
 }
 
+TEST(SummaryTest, RowsWithoutATargetAreCountedApartAndFailNothing) {
+  bench::Summary summary;
+  summary.add(row("a"), result(Verdict::Ok));
+  summary.add(row("b"), result(Verdict::NoTarget));
+  EXPECT_EQ(printed(summary, true), "1 ok, 0 missed, 0 skipped, 0 failed, 1 without a target\n");
+  EXPECT_EQ(summary.exitStatus(true), 0);
+}
+
 TEST(SummaryTest, MissedTargetFailsOnlyACheck) {
   bench::Summary summary;
   summary.add(row("a"), result(Verdict::Missed));
