@@ -1,4 +1,5 @@
 #include "tests/support/SourceLayout.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 
 #include <set>
@@ -33,7 +34,7 @@ protected:
 
 TEST_F(LayoutTest, TheProjectsOwnFilesKeepTheRules) {
   int files = 0;
-  EXPECT_THAT(SourceLayout::findingsBelow(TARN_SOURCE_DIR, &files), IsEmpty());
+  EXPECT_THAT(SourceLayout::findingsBelow(SourceTree::root(), &files), IsEmpty());
   EXPECT_GT(files, 100) << "the tree was not read";
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/SourceTree.h"
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -8,7 +10,7 @@
 
 namespace {
 
-const std::filesystem::path root = TARN_SOURCE_DIR;
+const std::filesystem::path root = SourceTree::root();
 
 std::string contentOf(const std::filesystem::path& file) {
   std::ifstream stream(file);

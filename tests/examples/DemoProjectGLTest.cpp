@@ -1,5 +1,6 @@
 #include "examples/DemoProject.h"
 
+#include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 
 #include <cmath>
@@ -52,7 +53,7 @@ protected:
 TEST_F(DemoProjectGLTest, CommittedProjectIsTheOneThatTheProgramMakes) {
   const TemporaryFolder made;
   project().write(made.path());
-  const std::string committed = TARN_SOURCE_DIR "/examples/demo/";
+  const std::string committed = SourceTree::file("examples/demo/");
   EXPECT_EQ(content(made.file("sparse/cameras.txt")), content(committed + "sparse/cameras.txt"));
   EXPECT_EQ(content(made.file("sparse/images.txt")), content(committed + "sparse/images.txt"));
   expectSamePoints(made.file("sparse/points3D.txt"), committed + "sparse/points3D.txt");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/SourceTree.h"
 #include "viewer/Picture.h"
 
 #include <string>
@@ -23,6 +24,6 @@ struct Tolerance {
 /// Fails the current test unless `picture` is the accepted one of that name.
 /// @param folder holds the accepted pictures
 void expectMatch(const Picture& picture, const std::string& name, const Tolerance& tolerance,
-                 const std::string& folder = TARN_SOURCE_DIR "/tests/baselines");
+                 const std::string& folder = SourceTree::file("tests/baselines"));
 
 }  // namespace Baseline

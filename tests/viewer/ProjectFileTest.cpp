@@ -2,6 +2,7 @@
 
 #include "host/model/Project.h"
 #include "io/ReadError.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 
 class ProjectFileTest : public TarnTest {
@@ -81,7 +82,7 @@ TEST_F(ProjectFileTest, FileThatAModelLacksIsNamed) {
 
 TEST_F(ProjectFileTest, DemoProjectOpens) {
   tarn::Project demo;
-  ProjectFile::open(TARN_SOURCE_DIR "/examples/demo", demo, {});
+  ProjectFile::open(SourceTree::file("examples/demo"), demo, {});
   EXPECT_EQ(demo.GetCameraStations().size(), 12);
   EXPECT_GT(demo.GetObjectPoints().size(), 1000);
 }

@@ -2,6 +2,7 @@
 
 #include "host/model/Project.h"
 #include "tests/support/Baseline.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
 #include "viewer/ProjectFile.h"
@@ -14,7 +15,7 @@ using View = CommandLine::View;
 class ProjectSceneGLTest : public TarnTest {
 protected:
   ProjectSceneGLTest() {
-    ProjectFile::open(TARN_SOURCE_DIR "/examples/demo", project, {});
+    ProjectFile::open(SourceTree::file("examples/demo"), project, {});
     setenv("XDG_CACHE_HOME", folder.path().c_str(), 1);
   }
   ~ProjectSceneGLTest() override { unsetenv("XDG_CACHE_HOME"); }
@@ -94,7 +95,7 @@ TEST_F(ProjectSceneGLTest, HighlightedPoint) {
 // Through the camera turned on its side: the photograph fills the view and stands as the
 // camera saw it, which the photograph's own file says.
 TEST_F(ProjectSceneGLTest, ImagePlaneShowsThePhotographAsTheStationSawIt) {
-  const Picture photograph = Picture::read(TARN_SOURCE_DIR "/examples/demo/images/station04.jpg");
+  const Picture photograph = Picture::read(SourceTree::file("examples/demo/images/station04.jpg"));
   ProjectScene::Options options;
   options.imagePlanes = true;
   ProjectScene scene(project, options);

@@ -11,6 +11,7 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/ProjectFile.h"
 
@@ -22,7 +23,7 @@ using View = CommandLine::View;
 class ProjectSceneTest : public TarnTest {
 protected:
   ProjectSceneTest() {
-    ProjectFile::open(TARN_SOURCE_DIR "/examples/demo", project, {});
+    ProjectFile::open(SourceTree::file("examples/demo"), project, {});
     setenv("XDG_CACHE_HOME", cacheFolder.path().c_str(), 1);
   }
   ~ProjectSceneTest() override { unsetenv("XDG_CACHE_HOME"); }
@@ -188,7 +189,7 @@ TEST_F(ProjectSceneTest, LookingThroughTheMarkedStationTakesTheMarkOff) {
 
 TEST_F(ProjectSceneTest, PhotographThatCannotBeShownIsNamedOnce) {
   TemporaryFolder photographs;
-  const std::string whole = TARN_SOURCE_DIR "/examples/demo/images/station03.jpg";
+  const std::string whole = SourceTree::file("examples/demo/images/station03.jpg");
   const auto half = std::filesystem::file_size(whole) / 2;
   std::filesystem::copy_file(whole, photographs.file("cut.jpg"));
   std::filesystem::resize_file(photographs.file("cut.jpg"), half);

@@ -1,4 +1,5 @@
 #include "nodes/TarnOI.h"
+#include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/Picture.h"
 
@@ -46,7 +47,7 @@ protected:
     return std::string(std::istreambuf_iterator<char>(stream), {});
   }
 
-  const std::string demo = "'" TARN_SOURCE_DIR "/examples/demo'";
+  const std::string demo = "'" + SourceTree::file("examples/demo") + "'";
   TemporaryFolder folder;
 };
 
@@ -180,7 +181,7 @@ TEST_F(TarnviewGLTest, MarkedStationThatIsLookedThroughIsSaidToBeMissing) {
 
 TEST_F(TarnviewGLTest, PhotographsThatCannotBeShownAreNamedTenAtMost) {
   std::filesystem::create_directory(folder.file("project"));
-  std::filesystem::copy(TARN_SOURCE_DIR "/examples/demo/sparse", folder.file("project/sparse"),
+  std::filesystem::copy(SourceTree::file("examples/demo/sparse"), folder.file("project/sparse"),
                         std::filesystem::copy_options::recursive);
   const Result result =
       tarnview(quoted("project") + " --image-planes --size 40x30 --render " + quoted("a.png"));
@@ -194,7 +195,7 @@ TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
   const auto files = [] {
     int count = 0;
     for ([[maybe_unused]] const auto& entry :
-         std::filesystem::recursive_directory_iterator(TARN_SOURCE_DIR "/examples/demo")) {
+         std::filesystem::recursive_directory_iterator(SourceTree::file("examples/demo"))) {
       ++count;
     }
     return count;
