@@ -12,6 +12,8 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/lines/TarnOIEdgeSeparator.h"
+#include "nodes/lines/TarnOILineSeparator.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 
 #include <array>
@@ -49,6 +51,10 @@ constexpr std::array table = {
                                       "an object point: marker, colour, label and error ellipsoid"),
     entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
                                         "a camera station: symbol, frustum, photograph, label"),
+    entry<TarnOILineSeparator>("TarnOILineSeparator", "TarnOISeparator",
+                               "a line, with a dashed 3D extension"),
+    entry<TarnOIEdgeSeparator>("TarnOIEdgeSeparator", "TarnOISeparator",
+                               "an edge, with a dashed 3D extension"),
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoGroup.h>
 
 #include <string>
@@ -19,4 +20,13 @@ inline std::vector<SoNode*> children(const SoGroup& node) {
   std::vector<SoNode*> result;
   for (int i = 0; i < node.getNumChildren(); ++i) result.push_back(node.getChild(i));
   return result;
+}
+
+/// The coordinates that a group's child of that index holds; none when it is not there or
+/// no coordinate node.
+inline std::vector<SbVec3f> coordinates(const SoGroup& node, int index) {
+  SoNode* child = index < node.getNumChildren() ? node.getChild(index) : nullptr;
+  if (!child || !child->isOfType(SoCoordinate3::getClassTypeId())) return {};
+  const SoMFVec3f& points = static_cast<SoCoordinate3*>(child)->point;
+  return {points.getValues(0), points.getValues(0) + points.getNum()};
 }
