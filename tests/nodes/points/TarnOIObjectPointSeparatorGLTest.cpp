@@ -1,10 +1,9 @@
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 
-#include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoOrthographicCamera.h>
 
 #include "host/model/ObjectPoint.h"
+#include "tests/support/FrontView.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
 
@@ -55,15 +54,6 @@ Drawn drawnIn(const Picture& picture) {
 class TarnOIObjectPointSeparatorGLTest : public TarnTest {
 protected:
   TarnOIObjectPointSeparatorGLTest() {
-    auto* camera = new SoOrthographicCamera;
-    camera->height = 20.0F;
-    camera->position.setValue(0, 0, 50);
-    camera->nearDistance = 1.0F;
-    camera->farDistance = 100.0F;
-    auto* light = new SoLightModel;
-    light->model = SoLightModel::BASE_COLOR;
-    scene->addChild(camera);
-    scene->addChild(light);
     scene->addChild(node);
     point.SetNumber(12);
     point.SetApproximation(tarn::Point3DRandom(position));
@@ -79,7 +69,7 @@ protected:
 
   tarn::ObjectPoint point;
   OffscreenRenderer renderer{size, size};
-  NodeRef<SoSeparator> scene = makeNode<SoSeparator>();
+  NodeRef<SoSeparator> scene = frontView(20.0F);
   TarnOIObjectPointSeparator* node = new TarnOIObjectPointSeparator;  // the scene's
 };
 
