@@ -4,6 +4,7 @@
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/nodes/SoSeparator.h>
 
+#include "bench/Building.h"
 #include "bench/Companion.h"
 #include "bench/PointNodes.h"
 #include "bench/Subject.h"
@@ -20,25 +21,6 @@ namespace {
 
 constexpr int manyPoints = 100000;
 constexpr const char* many = "100,000 nodes";
-
-// The time of building, each time from nothing; taking down does not count.
-template <typename Nodes>
-bench::Measure building(std::string name, std::shared_ptr<std::vector<tarn::ObjectPoint>> points) {
-  return {.name = std::move(name),
-          .time =
-              [points](benchmark::State& state) {
-                for ([[maybe_unused]] auto _ : state) {
-                  state.PauseTiming();
-                  auto nodes = std::make_unique<Nodes>();
-                  state.ResumeTiming();
-                  nodes->build(*points);
-                  state.PauseTiming();
-                  nodes.reset();
-                  state.ResumeTiming();
-                }
-              },
-          .figure = {}};
-}
 
 // The time of taking down; building does not count.
 bench::Measure takingDown(std::string name, int count) {
@@ -133,12 +115,12 @@ const bench::Subject build(
     "points-build", "making object point nodes against their children alone", [] {
       auto points =
           std::make_shared<std::vector<tarn::ObjectPoint>>(bench::objectPoints(manyPoints));
-      return std::vector<bench::Row>{
-          {.work = "make nodes under a layer",
-           .size = many,
-           .ours = building<bench::PointNodes>("ours", points),
-           .against = building<bench::PlainNodes>("separators by hand, with dictionary", points),
-           .target = 1.3}};
+      return std::vector<bench::Row>{{.work = "make nodes under a layer",
+                                      .size = many,
+                                      .ours = bench::building<bench::PointNodes>("ours", points),
+                                      .against = bench::building<bench::PlainNodes>(
+                                          "separators by hand, with dictionary", points),
+                                      .target = 1.3}};
     });
 
 const bench::Subject memory("points-memory", "what an object point node takes once drawn", [] {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "bench/Subject.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace bench {
+
+/// The time of building nodes for the objects, each time from nothing; taking down does not
+/// count.
+/// @tparam Nodes is made without arguments and has `build(std::vector<Object>&)`
+template <typename Nodes, typename Object>
+Measure building(std::string name, std::shared_ptr<std::vector<Object>> objects) {
+  return {.name = std::move(name),
+          .time =
+              [objects](benchmark::State& state) {
+                for ([[maybe_unused]] auto _ : state) {
+                  state.PauseTiming();
+                  auto nodes = std::make_unique<Nodes>();
+                  state.ResumeTiming();
+                  nodes->build(*objects);
+                  state.PauseTiming();
+                  nodes.reset();
+                  state.ResumeTiming();
+                }
+              },
+          .figure = {}};
+}
+
+}  // namespace bench
