@@ -9,6 +9,7 @@
 
 #include "viewer/CommandLine.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -77,4 +78,26 @@ void OffscreenRenderer::draw(SoNode* scene) {
 Picture OffscreenRenderer::render(SoNode* scene) {
   draw(scene);
   return framebuffer->read();
+}
+
+Picture OffscreenRenderer::renderTransparent(SoNode* scene) {
+  const SbColor asked = background;
+  background = SbColor(1.0F, 1.0F, 1.0F);
+  const Picture onWhite = render(scene);
+  background = SbColor(0.0F, 0.0F, 0.0F);
+  Picture picture = render(scene);
+  background = asked;
+  picture.alpha.resize(picture.bytes.size() / 3);
+  for (std::size_t i = 0; i < picture.alpha.size(); ++i) {
+    std::uint8_t* pixel = &picture.bytes[3 * i];
+    int through = 0;
+    for (std::size_t c = 0; c < 3; ++c) through += onWhite.bytes[3 * i + c] - pixel[c];
+    const int alpha = std::clamp(255 - (through + 1) / 3, 0, 255);
+    picture.alpha[i] = static_cast<std::uint8_t>(alpha);
+    // What was drawn over black is the colour times alpha.
+    for (std::size_t c = 0; c < 3 && alpha > 0; ++c) {
+      pixel[c] = static_cast<std::uint8_t>(std::min(255, (pixel[c] * 255 + alpha / 2) / alpha));
+    }
+  }
+  return picture;
 }

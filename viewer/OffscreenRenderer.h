@@ -32,6 +32,10 @@ public:
   /// Draws the scene and reads the picture back.
   Picture render(SoNode* scene);
 
+  /// Draws the scene on a transparent background. Drawn over black and over white, a pixel
+  /// differs by what shows through it, whatever was blended in between.
+  Picture renderTransparent(SoNode* scene);
+
 private:
   HeadlessContext context;
   SbViewportRegion viewport;

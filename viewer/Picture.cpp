@@ -24,8 +24,17 @@ void Picture::writePng(const std::string& fileName) const {
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(width);
     image.height = static_cast<png_uint_32>(height);
-    image.format = PNG_FORMAT_RGB;
-    return png_image_write_to_stdio(&image, file, 0, bytes.data(), 0, nullptr) != 0;
+    if (alpha.empty()) {
+      image.format = PNG_FORMAT_RGB;
+      return png_image_write_to_stdio(&image, file, 0, bytes.data(), 0, nullptr) != 0;
+    }
+    std::vector<std::uint8_t> pixels(4 * alpha.size());
+    for (std::size_t i = 0; i < alpha.size(); ++i) {
+      for (std::size_t c = 0; c < 3; ++c) pixels[4 * i + c] = bytes[3 * i + c];
+      pixels[4 * i + 3] = alpha[i];
+    }
+    image.format = PNG_FORMAT_RGBA;
+    return png_image_write_to_stdio(&image, file, 0, pixels.data(), 0, nullptr) != 0;
   });
 }
 
@@ -49,11 +58,13 @@ Picture Picture::read(const std::string& fileName) {
       simage_read_image(fileName.c_str(), &width, &height, &components), &simage_free_image);
   if (!pixels) fail(fileName, "the picture cannot be read");
   Picture picture(width, height);
+  const bool hasAlpha = components == 2 || components == 4;
   for (int y = 0; y < height; ++y) {
     // simage gives rows from the bottom up.
     const unsigned char* row =
         pixels.get() + static_cast<std::ptrdiff_t>(height - 1 - y) * width * components;
     for (int x = 0; x < width; ++x) {
+      if (hasAlpha) picture.alpha.push_back(row[(x + 1) * components - 1]);
       for (int c = 0; c < 3; ++c) {
         picture.bytes[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                        static_cast<std::size_t>(x)) *

@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
-/// A picture of red, green and blue bytes, rows from the top down.
+/// A picture of red, green and blue bytes, rows from the top down, which may have
+/// transparent parts.
 struct Picture {
   int width = 0;
   int height = 0;
   std::vector<std::uint8_t> bytes;  ///< width * height * 3
+  std::vector<std::uint8_t> alpha;  ///< width * height, 255 opaque; empty: all of it is
 
   Picture() = default;
   Picture(int w, int h)
@@ -26,7 +28,7 @@ struct Picture {
   /// the file when it cannot be written.
   void writePng(const std::string& fileName) const;
 
-  /// Writes the picture as JPEG of that quality (1 to 100), likewise.
+  /// Writes the picture as JPEG of that quality (1 to 100), likewise; all of it opaque.
   void writeJpeg(const std::string& fileName, int quality) const;
 
   /// Reads a picture of any kind that simage knows. Throws std::runtime_error likewise.

@@ -4,6 +4,7 @@
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoFaceSet.h>
 #include <Inventor/nodes/SoLightModel.h>
+#include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -65,6 +66,37 @@ TEST_F(OffscreenRendererGLTest, BackgroundHasTheGivenColor) {
   OffscreenRenderer renderer(4, 4);
   renderer.setBackgroundColor(SbColor(0.2F, 0.4F, 0.6F));
   EXPECT_THAT(pixel(renderer.render(scene.get()), 3, 3), ElementsAre(51, 102, 153));
+}
+
+TEST_F(OffscreenRendererGLTest, TransparentPictureShowsThroughWhereNothingIsDrawn) {
+  OffscreenRenderer renderer(8, 8);
+  renderer.setBackgroundColor(SbColor(0.2F, 0.4F, 0.6F));
+  const Picture picture = renderer.renderTransparent(scene.get());
+  ASSERT_EQ(picture.alpha.size(), 64U);
+  for (int y = 0; y < 8; ++y) {
+    for (int x = 0; x < 8; ++x) {
+      const bool covered = x < 4 && y < 2;
+      EXPECT_EQ(picture.alpha[static_cast<std::size_t>(8 * y + x)], covered ? 255 : 0);
+      EXPECT_THAT(pixel(picture, x, y), ElementsAre(covered ? 255 : 0, 0, 0));
+    }
+  }
+  // The colour that was asked for holds again.
+  EXPECT_THAT(pixel(renderer.render(scene.get()), 7, 7), ElementsAre(51, 102, 153));
+}
+
+TEST_F(OffscreenRendererGLTest, TransparentPictureHasTheColoursOfTranslucentThingsUnmixed) {
+  auto* material = new SoMaterial;
+  material->diffuseColor = SbColor(0.8F, 0.4F, 0.2F);
+  material->transparency = 0.5F;
+  scene->replaceChild(color, material);
+  OffscreenRenderer renderer(8, 8);
+  const Picture picture = renderer.renderTransparent(scene.get());
+  EXPECT_NEAR(picture.alpha[0], 128, 2);
+  const std::uint8_t* drawn = picture.at(0, 0);
+  EXPECT_NEAR(drawn[0], 204, 3);
+  EXPECT_NEAR(drawn[1], 102, 3);
+  EXPECT_NEAR(drawn[2], 51, 3);
+  EXPECT_EQ(picture.alpha[63], 0);
 }
 
 TEST_F(OffscreenRendererGLTest, WidthThatIsNoMultipleOfFourIsReadBackWhole) {

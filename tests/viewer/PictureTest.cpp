@@ -26,6 +26,21 @@ TEST_F(PictureTest, PngRoundTripKeepsEveryByte) {
   EXPECT_EQ(read.bytes, picture.bytes);
 }
 
+TEST_F(PictureTest, PngRoundTripKeepsTransparency) {
+  for (int i = 0; i < 15; ++i) picture.alpha.push_back(static_cast<std::uint8_t>(17 * i));
+  const std::string file = folder.file("a.png");
+  picture.writePng(file);
+  const Picture read = Picture::read(file);
+  EXPECT_EQ(read.bytes, picture.bytes);
+  EXPECT_EQ(read.alpha, picture.alpha);
+}
+
+TEST_F(PictureTest, OpaquePictureHasNoTransparencyInItsFile) {
+  const std::string file = folder.file("a.png");
+  picture.writePng(file);
+  EXPECT_TRUE(Picture::read(file).alpha.empty());
+}
+
 TEST_F(PictureTest, JpegRoundTripKeepsFlatColors) {
   Picture flat(32, 16);
   for (std::size_t i = 0; i < flat.bytes.size(); i += 3) {
