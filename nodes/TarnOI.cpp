@@ -2,6 +2,8 @@
 
 #include "host/general/DisplayBitmaps.h"
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
+#include "nodes/framework/SoBackground.h"
+#include "nodes/framework/SoGradientBackground.h"
 #include "nodes/framework/SoSeparatorWithLayerDict.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
@@ -47,6 +49,9 @@ constexpr std::array table = {
                            "hides nodes from bounding boxes and picks too"),
     entry<TarnOITexture>("TarnOITexture", "SoTexture2", "an image file, shared by its path"),
     entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
+    entry<SoBackground>("SoBackground", "SoNode", "is drawn behind a scene (abstract)"),
+    entry<SoGradientBackground>("SoGradientBackground", "SoBackground",
+                                "fills the viewport with a gradient of two colours"),
     entry<TarnOIObjectPointSeparator>("TarnOIObjectPointSeparator", "TarnOISeparator",
                                       "an object point: marker, colour, label and error ellipsoid"),
     entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",

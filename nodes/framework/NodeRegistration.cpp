@@ -72,15 +72,16 @@ void NodeRegistration::cleanUp() {
   classType = SoType::badType();
 }
 
-void NodeRegistration::construct() {
+SoFieldData* NodeRegistration::construct() {
   {
     const StaticDataGuard guard;
     ++instances;
     if (!fieldData) fieldData = new SoFieldData(parentFieldData ? *parentFieldData : nullptr);
-    if (classType != SoType::badType()) return;
+    if (classType != SoType::badType()) return fieldData;
   }
   // Reported with the lock released: a handler may make nodes itself.
   const std::string forgotten =
       std::string(className) + "::classTypeId != SoType::badType() && \"you forgot init()!\"";
   tarn::assertError(forgotten.c_str(), className, __LINE__);
+  return fieldData;
 }

@@ -38,8 +38,8 @@ public:
 
   /// What every constructor does first, after its parent's: under Coin's static-data
   /// lock counts the instance, reports a class that is not registered, and makes the
-  /// class's field data on first use.
-  void construct();
+  /// class's field data on first use. Returns these, for fields to be added.
+  SoFieldData* construct();
 
   SoType type() const { return classType; }
   const SoFieldData* getFieldData() const { return fieldData; }
@@ -101,7 +101,8 @@ public:                           \
   void* Class::createInstance() { return new Class; } \
   TARNOI_NODE_SOURCE_WITH_FACTORY_(Class, Parent, &Class::createInstance)
 
-/// To stand first in every constructor.
-#define TARNOI_NODE_CONSTRUCTOR() \
-  registration.construct();       \
+/// To stand first in every constructor. Coin's SO_NODE_ADD_FIELD, which expects `fieldData`,
+/// may follow.
+#define TARNOI_NODE_CONSTRUCTOR()                                           \
+  [[maybe_unused]] SoFieldData* const fieldData = registration.construct(); \
   this->isBuiltIn = FALSE

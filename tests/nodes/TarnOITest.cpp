@@ -60,7 +60,9 @@ TEST_F(TarnOITest, TheFrameworksClassesStandUnderTheirParents) {
       {"TarnOIMaterialWithPriority", "SoMaterial"},
       {"TarnOIDrawStyle", "SoDrawStyle"},
       {"TarnOITexture", "SoTexture2"},
-      {"TarnOIText2", "SoText2"}};
+      {"TarnOIText2", "SoText2"},
+      {"SoBackground", "SoNode"},
+      {"SoGradientBackground", "SoBackground"}};
   for (const auto& [name, parent] : expected) {
     EXPECT_THAT(table(), Contains(AllOf(Field(&TarnOI::ClassEntry::name, StrEq(name)),
                                         Field(&TarnOI::ClassEntry::parent, StrEq(parent)))));
