@@ -16,6 +16,7 @@
 #include "nodes/framework/TarnOITexture.h"
 #include "nodes/lines/TarnOIEdgeSeparator.h"
 #include "nodes/lines/TarnOILineSeparator.h"
+#include "nodes/meshes/TarnOIContourSeparator.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 
 #include <array>
@@ -60,6 +61,8 @@ constexpr std::array table = {
                                "a line, with a dashed 3D extension"),
     entry<TarnOIEdgeSeparator>("TarnOIEdgeSeparator", "TarnOISeparator",
                                "an edge, with a dashed 3D extension"),
+    entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",
+                                  "a contour of a point mesh, with points highlighted"),
 };
 
 }  // namespace

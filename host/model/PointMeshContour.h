@@ -21,7 +21,7 @@ public:
   /// has none. `inModel` is for hosts that keep a second form; here 1 and 0 both give model
   /// coordinates, the mesh's local affine applied.
   virtual double** GetPoints(int inModel) const;
-  /// Non-zero when the last point is joined to the first. It is not repeated.
+  /// Non-zero when the line returns to its first point, which then is its last one again.
   virtual int IsClosed() const { return _closed; }
   /// The height that the line runs at, in the model.
   virtual double GetHeight() const { return _height; }

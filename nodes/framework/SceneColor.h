@@ -3,6 +3,7 @@
 #include <Inventor/SbColor.h>
 
 #include "host/general/Colour.h"
+#include "host/general/VColor.h"
 
 #include <array>
 #include <cstdint>
@@ -21,6 +22,13 @@ inline std::array<double, 3> componentsOf(const tarn::Colour& colour) {
 inline SbColor from(const tarn::Colour& colour) {
   const auto [red, green, blue] = componentsOf(colour);
   return SbColor(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
+}
+
+/// The same of a packed colour.
+inline SbColor from(const tarn::VColor& colour) {
+  return SbColor(static_cast<float>(colour.getRed() / 255.0),
+                 static_cast<float>(colour.getGreen() / 255.0),
+                 static_cast<float>(colour.getBlue() / 255.0));
 }
 
 }  // namespace SceneColor

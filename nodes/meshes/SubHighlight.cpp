@@ -1,0 +1,62 @@
+#include "nodes/meshes/SubHighlight.h"
+
+#include <Inventor/nodes/SoGroup.h>
+
+#include "host/classes/VOrdCollect.h"
+#include "host/general/Preferences.h"
+#include "nodes/framework/ChildNodes.h"
+#include "nodes/framework/SceneColor.h"
+
+namespace {
+const SoNode* lastMaterialOf(const SoGroup& node) {
+  for (int i = node.getNumChildren(); i > 0; --i) {
+    const SoNode* child = node.getChild(i - 1);
+    if (child->isOfType(SoMaterial::getClassTypeId())) return child;
+  }
+  return nullptr;
+}
+}  // namespace
+
+tarn::VColor SubHighlight::selectionColour() {
+  return tarn::fIniToVColor(
+      static_cast<unsigned int>(tarn::gPref->GetPreference("SelectionColor", 7, "Colors")));
+}
+
+void SubHighlight::place(SoGroup& node, int index) {
+  if (!material) material = makeNode<SoMaterial>();
+  if (!binding) binding = makeNode<SoMaterialBinding>();
+  if (node.findChild(material.get()) == -1) node.insertChild(material.get(), index);
+  if (node.findChild(binding.get()) == -1) {
+    node.insertChild(binding.get(), node.findChild(material.get()) + 1);
+  }
+  chooseBinding(node);
+}
+
+void SubHighlight::remove(SoGroup& node) {
+  ChildNodes::removeAndForget(node, material);
+  ChildNodes::removeAndForget(node, binding);
+}
+
+void SubHighlight::chooseBinding(const SoGroup& node) {
+  if (!binding) return;
+  const bool wins = lastMaterialOf(node) == material.get();
+  const auto chosen = wins ? SoMaterialBinding::PER_PART : SoMaterialBinding::OVERALL;
+  if (binding->value.getValue() != chosen) binding->value.setValue(chosen);
+}
+
+void SubHighlight::paint(SbColor* colours, int count, const tarn::VOrdCollect* indexes,
+                         const tarn::VColor& colour) {
+  const SbColor painted = SceneColor::from(colour);
+  const int listed = indexes ? indexes->size() : 0;
+  for (int i = 0; i < listed; ++i) {
+    const auto index = indexes->indexAt(i);
+    if (index >= 0 && index < count) colours[index] = painted;
+  }
+}
+
+SubHighlight SubHighlight::counterpart(const SoGroup& copy, const SoGroup& original) const {
+  SubHighlight result;
+  result.material = ChildNodes::counterpart(copy, original, material);
+  result.binding = ChildNodes::counterpart(copy, original, binding);
+  return result;
+}
