@@ -39,8 +39,8 @@ ColmapSensor readSensor(BinaryCursor& cursor) {
 }  // namespace
 
 void readCameras(const std::string& file, ColmapModel& model) {
-  const std::string content = fileContent(file);
-  BinaryCursor cursor(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  BinaryCursor cursor(file, content.bytes());
   const std::size_t cameras = cursor.count("a number of cameras", smallestCamera);
   model.cameras.reserve(cameras);
   for (std::size_t i = 0; i < cameras; ++i) {
@@ -66,11 +66,11 @@ void readCameras(const std::string& file, ColmapModel& model) {
 }
 
 void readImages(const std::string& file, ColmapModel& model, ReadProgress& progress) {
-  const std::string content = fileContent(file);
-  BinaryCursor cursor(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  BinaryCursor cursor(file, content.bytes());
   const std::size_t images = cursor.count("a number of images", smallestImage);
   model.images.reserve(images);
-  model.marks.reserve(content.size() / markSize);
+  model.marks.reserve(content.bytes().size() / markSize);
   for (std::size_t i = 0; i < images; ++i) {
     ColmapImage image;
     image.place = cursor.place();
@@ -94,8 +94,8 @@ void readImages(const std::string& file, ColmapModel& model, ReadProgress& progr
 }
 
 void readPoints(const std::string& file, ColmapModel& model, ReadProgress& progress) {
-  const std::string content = fileContent(file);
-  BinaryCursor cursor(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  BinaryCursor cursor(file, content.bytes());
   const std::size_t points = cursor.count("a number of points", smallestPoint);
   model.points.reserve(points);
   model.pointOf.reserve(points);
@@ -125,8 +125,8 @@ void readPoints(const std::string& file, ColmapModel& model, ReadProgress& progr
 }
 
 void readRigs(const std::string& file, ColmapModel& model) {
-  const std::string content = fileContent(file);
-  BinaryCursor cursor(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  BinaryCursor cursor(file, content.bytes());
   const std::size_t rigs = cursor.count("a number of rigs", smallestRig);
   for (std::size_t i = 0; i < rigs; ++i) {
     ColmapRig rig;
@@ -147,8 +147,8 @@ void readRigs(const std::string& file, ColmapModel& model) {
 }
 
 void readFrames(const std::string& file, ColmapModel& model) {
-  const std::string content = fileContent(file);
-  BinaryCursor cursor(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  BinaryCursor cursor(file, content.bytes());
   const std::size_t frames = cursor.count("a number of frames", smallestFrame);
   for (std::size_t i = 0; i < frames; ++i) {
     ColmapFrame frame;

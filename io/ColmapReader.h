@@ -1,16 +1,13 @@
 #pragma once
 
+#include "io/ProgressHandler.h"
 #include "io/TarnOIIOExport.h"
 
-#include <functional>
 #include <string>
 
 namespace tarn {
 
 class Project;
-
-/// What a reader does while it works: a step's name and how much of it is done, 0 to 1.
-using ProgressHandler = std::function<void(const char* step, double done)>;
 
 /// Reads a COLMAP model (sparse reconstruction) into a project.
 ///

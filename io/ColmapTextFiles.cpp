@@ -50,8 +50,8 @@ std::uint8_t readColour(TextFields& fields, const char* what) {
 }  // namespace
 
 void readCameras(const std::string& file, ColmapModel& model) {
-  const std::string content = fileContent(file);
-  TextLines lines(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  TextLines lines(file, content.bytes());
   std::string_view line;
   while (lines.nextRecord(line)) {
     TextFields fields(lines.place(), line);
@@ -77,8 +77,8 @@ void readCameras(const std::string& file, ColmapModel& model) {
 }
 
 void readImages(const std::string& file, ColmapModel& model, ReadProgress& progress) {
-  const std::string content = fileContent(file);
-  TextLines lines(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  TextLines lines(file, content.bytes());
   std::string_view line;
   while (lines.nextRecord(line)) {
     TextFields fields(lines.place(), line);
@@ -100,8 +100,8 @@ void readImages(const std::string& file, ColmapModel& model, ReadProgress& progr
 }
 
 void readPoints(const std::string& file, ColmapModel& model, ReadProgress& progress) {
-  const std::string content = fileContent(file);
-  TextLines lines(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  TextLines lines(file, content.bytes());
   std::string_view line;
   while (lines.nextRecord(line)) {
     TextFields fields(lines.place(), line);
@@ -128,8 +128,8 @@ void readPoints(const std::string& file, ColmapModel& model, ReadProgress& progr
 }
 
 void readRigs(const std::string& file, ColmapModel& model) {
-  const std::string content = fileContent(file);
-  TextLines lines(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  TextLines lines(file, content.bytes());
   std::string_view line;
   while (lines.nextRecord(line)) {
     TextFields fields(lines.place(), line);
@@ -148,8 +148,8 @@ void readRigs(const std::string& file, ColmapModel& model) {
 }
 
 void readFrames(const std::string& file, ColmapModel& model) {
-  const std::string content = fileContent(file);
-  TextLines lines(file, content);
+  const FileContent content(file, "a part of a COLMAP model");
+  TextLines lines(file, content.bytes());
   std::string_view line;
   while (lines.nextRecord(line)) {
     TextFields fields(lines.place(), line);

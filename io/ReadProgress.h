@@ -1,6 +1,6 @@
 #pragma once
 
-#include "io/ColmapReader.h"
+#include "io/ProgressHandler.h"
 
 namespace tarn {
 

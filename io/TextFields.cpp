@@ -8,12 +8,15 @@ namespace tarn {
 namespace {
 constexpr std::string_view blanks = " \t\r\v\f";
 
+// The same characters; a loop over a field's few is faster than a search among all blanks.
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
 std::string fieldText(int field, std::string_view text) {
   return quoted(text) + " (field " + std::to_string(field) + ")";
 }
 }  // namespace
 
-TextLines::TextLines(const std::string& file, std::string_view text) : _file(file), _text(text) {
+TextLines::TextLines(const std::string& file, std::string_view text) : _file(&file), _text(text) {
   // Editors of some systems put a byte order mark before UTF-8.
   if (_text.starts_with("\xEF\xBB\xBF")) _position = 3;
 }
@@ -42,7 +45,9 @@ double TextLines::done() const {
 }
 
 void TextFields::skipBlanks() {
-  _rest.remove_prefix(std::min(_rest.find_first_not_of(blanks), _rest.size()));
+  std::size_t blank = 0;
+  while (blank < _rest.size() && isBlank(_rest[blank])) ++blank;
+  _rest.remove_prefix(blank);
 }
 
 std::string_view TextFields::word(const char* what) {
@@ -50,30 +55,58 @@ std::string_view TextFields::word(const char* what) {
   if (_rest.empty()) {
     _place.refuse("the end of the line after " + std::to_string(_field) + " fields", what);
   }
-  const std::size_t end = std::min(_rest.find_first_of(blanks), _rest.size());
-  const std::string_view field = _rest.substr(0, end);
-  _rest.remove_prefix(end);
+  std::size_t length = 0;
+  while (length < _rest.size() && !isBlank(_rest[length])) ++length;
+  const std::string_view field = _rest.substr(0, length);
+  _rest.remove_prefix(length);
   ++_field;
   return field;
 }
 
-double TextFields::number(const char* what) {
-  const std::string_view field = word(what);
-  double value = 0.0;
+// Takes the next field and returns whether all of it is such a number.
+template <typename Number>
+bool TextFields::take(Number& value, std::string_view& field, const char* what) {
+  field = word(what);
   const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
-  if (error != std::errc() || end != field.data() + field.size() || !std::isfinite(value)) {
+  return error == std::errc() && end == field.data() + field.size();
+}
+
+double TextFields::anyNumber(const char* what) {
+  double value = 0.0;
+  std::string_view field;
+  if (!take(value, field, what)) {
+    _place.refuse(fieldText(_field, field), std::string(what) + ", a number");
+  }
+  return value;
+}
+
+double TextFields::number(const char* what) {
+  double value = 0.0;
+  std::string_view field;
+  if (!take(value, field, what) || !std::isfinite(value)) {
     _place.refuse(fieldText(_field, field), std::string(what) + ", a finite number");
   }
   return value;
 }
 
 std::uint64_t TextFields::unsignedNumber(const char* what, std::uint64_t largest) {
-  const std::string_view field = word(what);
   std::uint64_t value = 0;
-  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
-  if (error != std::errc() || end != field.data() + field.size() || value > largest) {
+  std::string_view field;
+  if (!take(value, field, what) || value > largest) {
     _place.refuse(fieldText(_field, field),
                   std::string(what) + ", a whole number from 0 to " + std::to_string(largest));
+  }
+  return value;
+}
+
+std::int64_t TextFields::wholeNumber(const char* what, std::int64_t smallest,
+                                     std::int64_t largest) {
+  std::int64_t value = 0;
+  std::string_view field;
+  if (!take(value, field, what) || value < smallest || value > largest) {
+    _place.refuse(fieldText(_field, field), std::string(what) + ", a whole number from " +
+                                                std::to_string(smallest) + " to " +
+                                                std::to_string(largest));
   }
   return value;
 }

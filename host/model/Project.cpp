@@ -1,5 +1,7 @@
 #include "host/model/Project.h"
 
+#include <utility>
+
 namespace tarn {
 
 VClass ProjectCls("Project", &VObjectCls, []() -> VObject* { return new Project; });
@@ -41,7 +43,13 @@ Line& Project::AddLine() { return added(_lines, _allLines); }
 
 Edge& Project::AddEdge() { return added(_edges, _allEdges); }
 
-PointMesh& Project::AddPointMesh() { return added(_pointMeshes, _allPointMeshes); }
+PointMesh& Project::AddPointMesh() { return AddPointMesh(std::make_unique<PointMesh>()); }
+
+PointMesh& Project::AddPointMesh(std::unique_ptr<PointMesh> mesh) {
+  PointMesh& added = *_pointMeshes.emplace_back(std::move(mesh));
+  _allPointMeshes.add(&added);
+  return added;
+}
 
 ObjectPoint* Project::FindObjectPoint(long number) const {
   const VOrdCollect& points = GetObjectPoints();

@@ -15,7 +15,9 @@
 #include "host/model/PointMesh.h"
 
 #include <deque>
+#include <memory>
 #include <string_view>
+#include <vector>
 
 namespace tarn {
 
@@ -38,6 +40,8 @@ public:
   Line& AddLine();
   Edge& AddEdge();
   PointMesh& AddPointMesh();
+  /// Adds a mesh that was filled before.
+  PointMesh& AddPointMesh(std::unique_ptr<PointMesh> mesh);
 
   virtual const VOrdCollect& GetCameras() const { return _allCameras; }
   virtual const VOrdCollect& GetCameraStations() const { return _allStations; }
@@ -85,7 +89,7 @@ private:
   std::deque<ImportedPoint> _importedPoints;
   std::deque<Line> _lines;
   std::deque<Edge> _edges;
-  std::deque<PointMesh> _pointMeshes;
+  std::vector<std::unique_ptr<PointMesh>> _pointMeshes;
   PhotoCollection _photographs;
   VOrdCollect _allCameras;
   VOrdCollect _allStations;
