@@ -17,6 +17,7 @@
 #include "nodes/lines/TarnOIEdgeSeparator.h"
 #include "nodes/lines/TarnOILineSeparator.h"
 #include "nodes/meshes/TarnOIContourSeparator.h"
+#include "nodes/meshes/TarnOIPointMeshSeparator.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 
 #include <array>
@@ -61,6 +62,8 @@ constexpr std::array table = {
                                "a line, with a dashed 3D extension"),
     entry<TarnOIEdgeSeparator>("TarnOIEdgeSeparator", "TarnOISeparator",
                                "an edge, with a dashed 3D extension"),
+    entry<TarnOIPointMeshSeparator>("TarnOIPointMeshSeparator", "TarnOISeparator",
+                                    "a point cloud or mesh: colours, heights, sub-selections"),
     entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",
                                   "a contour of a point mesh, with points highlighted"),
 };

@@ -1,7 +1,7 @@
 #include "nodes/framework/TarnOIMaterial.h"
 
 #include "host/model/Material.h"
-#include "nodes/framework/SceneColor.h"
+#include "nodes/framework/MaterialColours.h"
 #include "nodes/framework/TarnOISearchAction.h"
 
 TARNOI_NODE_SOURCE(TarnOIMaterial, SoMaterial);
@@ -22,17 +22,9 @@ TarnOIMaterial::~TarnOIMaterial() = default;
 void TarnOIMaterial::SetMaterial(tarn::Material* newMaterial) {
   material = newMaterial;
   if (!material) return;
-  tarn::Colour ambient;
-  tarn::Colour diffuse;
-  tarn::Colour specular;
-  tarn::Colour emissive;
-  double shine = 0.0;
-  material->GetFixedColor(ambient, diffuse, specular, emissive, shine);
-  ambientColor.setValue(0.9F, 0.9F, 0.9F);
-  diffuseColor.setValue(SceneColor::from(diffuse));
-  specularColor.setValue(SceneColor::from(specular));
-  emissiveColor.setValue(SceneColor::from(emissive));
-  shininess.setValue(static_cast<float>(shine));
+  const MaterialColours colours = MaterialColours::of(*material);
+  colours.applyExceptDiffuse(*this);
+  diffuseColor.setValue(colours.diffuse);
 }
 
 SoNode* TarnOIMaterial::copy(SbBool copyConnections) const {

@@ -1,0 +1,22 @@
+#include "nodes/framework/FieldMemory.h"
+
+#include <cstdint>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
+
+void FieldMemory::adviseLargePages([[maybe_unused]] void* memory,
+                                   [[maybe_unused]] std::size_t bytes) {
+#if defined(__linux__) && defined(MADV_HUGEPAGE)
+  // Below this the memory comes from a heap that others use too.
+  constexpr std::size_t smallest = std::size_t{4} << 20;
+  if (bytes < smallest) return;
+  const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
+  const auto address = reinterpret_cast<std::uintptr_t>(memory);
+  const std::uintptr_t begin = (address + page - 1) / page * page;
+  const std::uintptr_t end = (address + bytes) / page * page;
+  madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#endif
+}

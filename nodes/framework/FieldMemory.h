@@ -1,0 +1,59 @@
+#pragma once
+
+#include <Inventor/fields/SoMFColor.h>
+
+#include "nodes/TarnOIExport.h"
+
+#include <cstddef>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+/// The memory behind the values of a large field. Filling a new field of millions of values is
+/// mostly the system's work of handing out its pages; here it is told once how little of that
+/// is needed.
+namespace FieldMemory {
+
+/// The type of a field's values.
+template <typename Field>
+using Value = std::remove_pointer_t<decltype(std::declval<Field&>().startEditing())>;
+
+/// Asks the system for large pages behind memory that nobody touched yet, where it is large
+/// enough to have some. A wish only; it changes no content.
+TARNOI_EXPORT void adviseLargePages(void* memory, std::size_t bytes);
+
+/// Gives the field `count` values, whatever the memory holds. A field of that size keeps its
+/// memory; any other forgets its values and gets exactly as much as it needs, untouched.
+template <typename Field>
+void resize(Field& field, int count) {
+  if (field.getNum() == count) return;
+  field.setNum(0);  // else Coin copies what is there, and doubles until the size is reached
+  if (count <= 0) return;
+  const std::size_t bytes = static_cast<std::size_t>(count) * sizeof(Value<Field>);
+  if constexpr (std::is_same_v<Field, SoMFColor>) {
+    // setNum would call the empty constructor of each colour, which takes as long as filling.
+    field.setValuesPointer(count, static_cast<SbColor*>(::operator new[](bytes)));
+    field.enableDeleteValues();
+  } else {
+    field.setNum(count);
+  }
+  adviseLargePages(field.startEditing(), bytes);
+}
+
+/// Hands the values of one field, with their memory, to another and takes its own in exchange.
+/// Nobody is notified.
+template <typename Field>
+void swap(Field& one, Field& other) {
+  // Coin has no call for this. Names of protected members may be formed in a derived class.
+  struct Open : Field {
+    static void swapMembers(Field& one, Field& other) {
+      std::swap(one.*(&Open::values), other.*(&Open::values));
+      std::swap(one.*(&Open::num), other.*(&Open::num));
+      std::swap(one.*(&Open::maxNum), other.*(&Open::maxNum));
+      std::swap(one.*(&Open::userDataIsUsed), other.*(&Open::userDataIsUsed));
+    }
+  };
+  Open::swapMembers(one, other);
+}
+
+}  // namespace FieldMemory

@@ -1,0 +1,53 @@
+#include "nodes/framework/TriangleSet.h"
+
+#include <Inventor/nodes/SoGroup.h>
+
+#include <algorithm>
+
+TriangleSet::TriangleSet(bool textured) {
+  if (textured) textureCoordinates = makeNode<SoTextureCoordinate2>();
+}
+
+void TriangleSet::append(SoGroup& node, SoNode* texture) const {
+  node.addChild(texture);
+  node.addChild(textureCoordinates.get());
+  node.addChild(normals.get());
+  node.addChild(coordinates.get());
+  node.addChild(faces.get());
+}
+
+void TriangleSet::insert(SoGroup& node, int index) const {
+  node.insertChild(normals.get(), index);
+  node.insertChild(coordinates.get(), index + 1);
+  node.insertChild(faces.get(), index + 2);
+}
+
+void TriangleSet::fillIndexes(int triangles) {
+  const FieldFill indexes(faces->coordIndex, 4 * triangles);
+  std::int32_t* index = indexes.values();
+  for (int corner = 0; corner < 3 * triangles; corner += 3) {
+    *index++ = corner;
+    *index++ = corner + 1;
+    *index++ = corner + 2;
+    *index++ = SO_END_FACE_INDEX;
+  }
+}
+
+void TriangleSet::Normals::makeRoom(int index) {
+  if (!vectors) {
+    vectors = std::make_unique_for_overwrite<SbVec3f[]>(static_cast<std::size_t>(capacity));
+    FieldMemory::adviseLargePages(vectors.get(),
+                                  static_cast<std::size_t>(capacity) * sizeof(SbVec3f));
+  }
+  std::fill(vectors.get() + count, vectors.get() + index, SbVec3f(0.0F, 0.0F, 0.0F));
+}
+
+void TriangleSet::Normals::moveInto(SoNormal& node) {
+  if (!vectors) return;
+  // Coin reads a normal for every coordinate, also where the list ends before: the memory is
+  // as long as the coordinates are.
+  std::fill(vectors.get() + count, vectors.get() + capacity, SbVec3f(0.0F, 0.0F, 0.0F));
+  const OneNotification once(node.vector);
+  node.vector.setValuesPointer(count, vectors.release());
+  node.vector.enableDeleteValues();
+}

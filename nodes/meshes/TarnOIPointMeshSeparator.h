@@ -1,0 +1,145 @@
+#pragma once
+
+#include "host/general/VColor.h"
+#include "nodes/TarnOIExport.h"
+#include "nodes/framework/NodeRef.h"
+#include "nodes/framework/TarnOISeparator.h"
+#include "nodes/meshes/MeshFrame.h"
+#include "nodes/meshes/SubHighlight.h"
+
+#include <memory>
+
+class SoCoordinate3;
+class SoIndexedFaceSet;
+class SoMaterial;
+class SoMaterialBinding;
+class SoSeparator;
+class SoShapeHints;
+class SoTransform;
+class TarnOITexture;
+class TriangleLookups;
+
+namespace tarn {
+class PointMesh;
+class PointMeshTempSubPoints;
+class PointMeshTempSubTriangles;
+class Project;
+class Surface;
+class VOrdCollect;
+}  // namespace tarn
+
+/// Shows a dense point cloud, a triangle mesh or a triangulated surface with photo textures:
+/// in the colours of its points, in false colours by height, or with single points or triangles
+/// in the highlight colour.
+///
+///     auto* node = new TarnOIPointMeshSeparator;
+///     layer->addChild(node);
+///     node->SetPointCloudPointMesh(&mesh, &dictionary);
+///     node->ColorPointsWithTexture(1, 2, &project);  // by height
+///
+/// Children, in brackets what may be missing; a mesh that has a local affine is drawn through
+/// the transform:
+///   a cloud    [colorMaterial, colorBinding, [sub-highlight material, binding]],
+///              [localTransform], pointPos, SoPointSet
+///   a mesh     [sub-highlight material, binding], [localTransform], SoNormal, SoCoordinate3,
+///              faceSet
+///   a surface  [localTransform], the normals, coordinates and faces of each set of triangles
+///              without texture, the last set first; the shape hints; for each set with
+///              texture: texture, SoTextureCoordinate2, SoNormal, SoCoordinate3, faces
+/// and the contours behind them.
+///
+/// Preferences, read when they are needed: "SelectionColor" (7, section "Colors"),
+/// "ShowCountWarnings" (1, no section), "UseMeshExtentsForHueRange" and
+/// "UseProjectExtentsForHueRange" (1, "DenseStereo"), and those of FalseColour.
+class TARNOI_EXPORT TarnOIPointMeshSeparator : public TarnOISeparator {
+  TARNOI_NODE_HEADER(TarnOIPointMeshSeparator);
+
+public:
+  TarnOIPointMeshSeparator();
+  /// Copies the members, which then share the other node's children; none becomes a child of
+  /// this node. Coin's `copy` makes a node with children of its own.
+  TarnOIPointMeshSeparator(const TarnOIPointMeshSeparator& other);
+  TarnOIPointMeshSeparator& operator=(const TarnOIPointMeshSeparator& other);
+
+  /// Binds the node to a point cloud and builds it anew (see SetMeshData). Null only unbinds.
+  /// Returns 1 always, also where the mesh has no points to build from.
+  int SetPointCloudPointMesh(tarn::PointMesh* mesh, tarn::VDictionary* dict);
+
+  /// Binds the node to a triangulated surface and builds it anew: a face set for each set of
+  /// triangles. Null only unbinds. What is passed in stays the caller's, the nodes are shared.
+  /// @param singleSidedHints,doubleSidedHints the first child is one of them, by the surface;
+  ///        null is left out
+  /// @param textures the texture of each set in their order, null where it has none; the array
+  ///        may be null
+  /// @param triangleGroups address of the collection of sets, each a collection of
+  ///        tarn::Triangle; may be null
+  /// @param uvByTriangle the tarn::MatrixDouble of each textured triangle: row k + 1 has u and v
+  ///        of corner k. A triangle without is reported ("uvMatrix") and textured by the
+  ///        texture's corner
+  void SetTriangulatedPointMeshAndTextures(tarn::Surface* surface, tarn::VDictionary* dict,
+                                           SoShapeHints* singleSidedHints,
+                                           SoShapeHints* doubleSidedHints, TarnOITexture** textures,
+                                           tarn::VOrdCollect** triangleGroups,
+                                           tarn::VDictionary* uvByTriangle);
+
+  /// Non-zero: the mesh's local affine is ignored from the next build on. A transform that is
+  /// there already stays.
+  void SetDoNotUseLocalTransform(int flag);
+
+  /// Takes the mesh's local affine over into localTransform, which is made where it is missing
+  /// and, with `insertIfMissing` non-zero, put in front of the children unless it is one. An
+  /// affine that cannot be set up leaves the node without transform.
+  void UpdateLocalTransform(int insertIfMissing);
+
+  /// Records `on`, highlights as every node does, and lets the highlight paint the whole cloud:
+  /// while another material than that of the points' colours is the last, the colours count
+  /// for the cloud as a whole.
+  void Highlight(SoMaterial* material, int on) override;
+
+  /// Non-zero when the model object has that many triangles. An unbound node and one that shows
+  /// something else than a point mesh are reported ("tarnObject",
+  /// "tarnObject->isA( PointMeshCls )"), and have none.
+  int GetNumTriangles() const;
+
+  /// The ordinary copy, bound to the same mesh: the dictionary's entry moves to it.
+  SoNode* copy(SbBool copyConnections = FALSE) const override;
+  void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
+
+protected:
+  ~TarnOIPointMeshSeparator() override;
+
+  /// Builds a point cloud: coordinates and point set, in front of them the transform where there
+  /// is one. The children there were are dropped; faceSet, the contours' separator and the
+  /// highlight's flag are kept. A node without children keeps all its members, and a pointPos
+  /// among them is reported ("!pointPos"). Returns 0, and adds nothing, for a mesh without a
+  /// point array.
+  int SetMeshData(tarn::PointMesh* mesh);
+
+  /// Builds a triangle mesh: normals, coordinates and faces, in front of them the transform where
+  /// there is one. The children there were are dropped, and all members forgotten. Returns 1.
+  int SetTriMeshData(tarn::PointMesh* mesh);
+
+  // References: a host may take children out and copy the node, and no member dangles.
+  NodeRef<SoCoordinate3> pointPos;
+  NodeRef<SoIndexedFaceSet> faceSet;
+  NodeRef<SoMaterial> colorMaterial;
+  NodeRef<SoMaterialBinding> colorBinding;
+  NodeRef<SoTransform> localTransform;
+  int doNotUseLocalTransform = 0;
+  /// Present only for surfaces of more than one set of triangles. Node and copies share it.
+  std::shared_ptr<TriangleLookups> triangleLookups;
+  int highlightOn = 0;
+  tarn::VColor subHighlightColor;
+  SubHighlight subHighlight;
+  NodeRef<SoSeparator> contourSeparator;
+
+private:
+  tarn::PointMesh* mesh() const;
+  void dropCloud();
+  void dropAll();
+  void buildTriangles(tarn::Surface* surface);
+  void addTriangles(const tarn::VOrdCollect* triangles, TarnOITexture* texture,
+                    tarn::VDictionary* uvByTriangle);
+  void insertLocalTransform();
+  MeshFrame frame() const;
+};
