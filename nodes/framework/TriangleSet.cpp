@@ -2,8 +2,6 @@
 
 #include <Inventor/nodes/SoGroup.h>
 
-#include <algorithm>
-
 TriangleSet::TriangleSet(bool textured) {
   if (textured) textureCoordinates = makeNode<SoTextureCoordinate2>();
 }
@@ -31,23 +29,4 @@ void TriangleSet::fillIndexes(int triangles) {
     *index++ = corner + 2;
     *index++ = SO_END_FACE_INDEX;
   }
-}
-
-void TriangleSet::Normals::makeRoom(int index) {
-  if (!vectors) {
-    vectors = std::make_unique_for_overwrite<SbVec3f[]>(static_cast<std::size_t>(capacity));
-    FieldMemory::adviseLargePages(vectors.get(),
-                                  static_cast<std::size_t>(capacity) * sizeof(SbVec3f));
-  }
-  std::fill(vectors.get() + count, vectors.get() + index, SbVec3f(0.0F, 0.0F, 0.0F));
-}
-
-void TriangleSet::Normals::moveInto(SoNormal& node) {
-  if (!vectors) return;
-  // Coin reads a normal for every coordinate, also where the list ends before: the memory is
-  // as long as the coordinates are.
-  std::fill(vectors.get() + count, vectors.get() + capacity, SbVec3f(0.0F, 0.0F, 0.0F));
-  const OneNotification once(node.vector);
-  node.vector.setValuesPointer(count, vectors.release());
-  node.vector.enableDeleteValues();
 }

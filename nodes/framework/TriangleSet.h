@@ -11,9 +11,7 @@
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/FieldFill.h"
 #include "nodes/framework/NodeRef.h"
-#include "nodes/framework/ViewerFrame.h"
-
-#include <memory>
+#include "nodes/framework/NormalFill.h"
 
 class SoGroup;
 
@@ -44,26 +42,6 @@ public:
   NodeRef<SoIndexedFaceSet> faces = makeNode<SoIndexedFaceSet>();
 
 private:
-  /// Normals up to the last that a triangle has. What is not there is no direction; where none
-  /// is there, no memory is taken.
-  class TARNOI_EXPORT Normals {
-  public:
-    explicit Normals(int capacity) : capacity(capacity) {}
-    void set(int index, const tarn::Point3DDouble& normal) {
-      if (index != count || !vectors) makeRoom(index);
-      vectors[static_cast<std::size_t>(index)] = ViewerFrame::directionFromModel(normal);
-      count = index + 1;
-    }
-    void moveInto(SoNormal& node);
-
-  private:
-    void makeRoom(int index);
-
-    std::unique_ptr<SbVec3f[]> vectors;
-    int capacity;
-    int count = 0;
-  };
-
   void fillIndexes(int triangles);
 };
 
@@ -71,7 +49,7 @@ template <typename PositionOf, typename PlaceTexture>
 void TriangleSet::fill(const tarn::VOrdCollect& triangles, PositionOf positionOf,
                        PlaceTexture placeTexture) {
   const int count = triangles.size();
-  Normals vectors(3 * count);
+  NormalFill vectors(*normals, 3 * count);
   {
     const FieldFill points(coordinates->point, 3 * count);
     SbVec3f* point = points.values();
@@ -84,7 +62,7 @@ void TriangleSet::fill(const tarn::VOrdCollect& triangles, PositionOf positionOf
       }
     }
   }
-  vectors.moveInto(*normals);
+  vectors.finish();
   if (textureCoordinates) {
     const FieldFill placed(textureCoordinates->point, 3 * count);
     for (int t = 0; t < count; ++t) {

@@ -1,0 +1,31 @@
+#include "nodes/framework/NormalFill.h"
+
+#include <Inventor/nodes/SoNormal.h>
+
+#include "nodes/framework/FieldMemory.h"
+#include "nodes/framework/OneNotification.h"
+
+#include <algorithm>
+
+namespace {
+const SbVec3f noDirection(0.0F, 0.0F, 0.0F);
+}
+
+void NormalFill::finish() {
+  if (!vectors) return;
+  // Coin reads a normal for every coordinate, also where the list ends before the last: the
+  // memory is as long as the coordinates are.
+  std::fill(vectors.get() + count, vectors.get() + capacity, noDirection);
+  const OneNotification once(node.vector);
+  node.vector.setValuesPointer(count, vectors.release());
+  node.vector.enableDeleteValues();
+}
+
+void NormalFill::makeRoom(int index) {
+  if (!vectors) {
+    const auto size = static_cast<std::size_t>(capacity);
+    vectors = std::make_unique_for_overwrite<SbVec3f[]>(size);
+    FieldMemory::adviseLargePages(vectors.get(), size * sizeof(SbVec3f));
+  }
+  std::fill(vectors.get() + count, vectors.get() + index, noDirection);
+}
