@@ -9,6 +9,9 @@
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOIMaterial.h"
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
+#include "nodes/framework/TarnOIOrthographicCamera.h"
+#include "nodes/framework/TarnOIOverlaySeparator.h"
+#include "nodes/framework/TarnOIPerspectiveCamera.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "nodes/framework/TarnOISwitch.h"
@@ -51,6 +54,12 @@ constexpr std::array table = {
                            "hides nodes from bounding boxes and picks too"),
     entry<TarnOITexture>("TarnOITexture", "SoTexture2", "an image file, shared by its path"),
     entry<TarnOIText2>("TarnOIText2", "SoText2", "the text of a label"),
+    entry<TarnOIPerspectiveCamera>("TarnOIPerspectiveCamera", "SoPerspectiveCamera",
+                                   "looks through a rectangle, such as a photograph's frame"),
+    entry<TarnOIOrthographicCamera>("TarnOIOrthographicCamera", "SoOrthographicCamera",
+                                    "looks through a rectangle, from the origin along -z"),
+    entry<TarnOIOverlaySeparator>("TarnOIOverlaySeparator", "TarnOISeparator",
+                                  "what is fixed to the screen, with a camera of its own"),
     entry<SoBackground>("SoBackground", "SoNode", "is drawn behind a scene (abstract)"),
     entry<SoGradientBackground>("SoGradientBackground", "SoBackground",
                                 "fills the viewport with a gradient of two colours"),

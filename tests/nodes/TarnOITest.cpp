@@ -61,6 +61,9 @@ TEST_F(TarnOITest, TheFrameworksClassesStandUnderTheirParents) {
       {"TarnOIDrawStyle", "SoDrawStyle"},
       {"TarnOITexture", "SoTexture2"},
       {"TarnOIText2", "SoText2"},
+      {"TarnOIPerspectiveCamera", "SoPerspectiveCamera"},
+      {"TarnOIOrthographicCamera", "SoOrthographicCamera"},
+      {"TarnOIOverlaySeparator", "TarnOISeparator"},
       {"SoBackground", "SoNode"},
       {"SoGradientBackground", "SoBackground"}};
   for (const auto& [name, parent] : expected) {
