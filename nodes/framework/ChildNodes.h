@@ -12,6 +12,9 @@ namespace ChildNodes {
 /// Takes `child` out of the group. Null, and a node that is no child of it, are passed over.
 TARNOI_EXPORT void remove(SoGroup& group, const SoNode* child);
 
+/// The last child that is a material: it wins over all others. Null where there is none.
+TARNOI_EXPORT const SoNode* lastMaterial(const SoGroup& group);
+
 /// Takes the member's node out of the group, where it is a child, and clears the member.
 template <typename Node>
 void removeAndForget(SoGroup& group, NodeRef<Node>& member) {

@@ -7,16 +7,6 @@
 #include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/SceneColor.h"
 
-namespace {
-const SoNode* lastMaterialOf(const SoGroup& node) {
-  for (int i = node.getNumChildren(); i > 0; --i) {
-    const SoNode* child = node.getChild(i - 1);
-    if (child->isOfType(SoMaterial::getClassTypeId())) return child;
-  }
-  return nullptr;
-}
-}  // namespace
-
 tarn::VColor SubHighlight::selectionColour() {
   return tarn::fIniToVColor(
       static_cast<unsigned int>(tarn::gPref->GetPreference("SelectionColor", 7, "Colors")));
@@ -39,7 +29,7 @@ void SubHighlight::remove(SoGroup& node) {
 
 void SubHighlight::chooseBinding(const SoGroup& node) {
   if (!binding) return;
-  const bool wins = lastMaterialOf(node) == material.get();
+  const bool wins = ChildNodes::lastMaterial(node) == material.get();
   const auto chosen = wins ? SoMaterialBinding::PER_PART : SoMaterialBinding::OVERALL;
   if (binding->value.getValue() != chosen) binding->value.setValue(chosen);
 }

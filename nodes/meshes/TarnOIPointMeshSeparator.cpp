@@ -157,11 +157,6 @@ void TarnOIPointMeshSeparator::UpdateLocalTransform(int insertIfMissing) {
   if (insertIfMissing) insertLocalTransform();
 }
 
-void TarnOIPointMeshSeparator::Highlight(SoMaterial* material, int on) {
-  highlightOn = on;
-  TarnOISeparator::Highlight(material, on);
-}
-
 int TarnOIPointMeshSeparator::GetNumTriangles() const {
   TARNOI_ASSERT_AT(tarnObject, "tarnObject", sourceFile, 1254);
   TARNOI_ASSERT_AT(mesh(), "tarnObject->isA( PointMeshCls )", sourceFile, 1255);

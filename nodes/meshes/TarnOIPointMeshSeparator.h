@@ -91,6 +91,14 @@ public:
   /// affine that cannot be set up leaves the node without transform.
   void UpdateLocalTransform(int insertIfMissing);
 
+  /// Colours the points of a cloud: by height with mode 2, whatever `on` says (see ColorRange);
+  /// else in the colours that the mesh stores for them. With `on` zero, or for a mesh without
+  /// colours, takes the colours away. Meshes with triangles are left as they are.
+  ///
+  /// Where "ShowCountWarnings" is on, a node that has not as many coordinates as the mesh has
+  /// points is left as it is, with a warning.
+  void ColorPointsWithTexture(int on, int mode, tarn::Project* project);
+
   /// Records `on`, highlights as every node does, and lets the highlight paint the whole cloud:
   /// while another material than that of the points' colours is the last, the colours count
   /// for the cloud as a whole.
@@ -119,6 +127,12 @@ protected:
   /// there is one. The children there were are dropped, and all members forgotten. Returns 1.
   int SetTriMeshData(tarn::PointMesh* mesh);
 
+  /// With `on` non-zero colours the points by the height that they have in the project's
+  /// transformed frame, from the lowest to the highest of all point meshes, of the project or of
+  /// the mesh, as the preferences say; with zero takes the colours away. A range that needs the
+  /// project is reported without one ("project").
+  void ColorRange(int on, tarn::Project* project);
+
   // References: a host may take children out and copy the node, and no member dangles.
   NodeRef<SoCoordinate3> pointPos;
   NodeRef<SoIndexedFaceSet> faceSet;
@@ -141,5 +155,9 @@ private:
   void addTriangles(const tarn::VOrdCollect* triangles, TarnOITexture* texture,
                     tarn::VDictionary* uvByTriangle);
   void insertLocalTransform();
+  bool isTriangulated() const;
+  void removeColours();
+  template <typename Paint>
+  void colourPoints(Paint paint);
   MeshFrame frame() const;
 };

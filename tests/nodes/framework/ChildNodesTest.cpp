@@ -4,6 +4,7 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 
+#include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "tests/support/TarnTest.h"
 
 class ChildNodesTest : public TarnTest {
@@ -50,4 +51,14 @@ TEST_F(ChildNodesTest, AStrangerAndNullHaveNoCounterpart) {
   const NodeRef<SoSeparator> copy(static_cast<SoSeparator*>(group->copy()));
   EXPECT_FALSE(ChildNodes::counterpart(*copy, *group, makeNode<SoMaterial>()));
   EXPECT_FALSE(ChildNodes::counterpart(*copy, *group, NodeRef<SoInfo>()));
+}
+
+TEST_F(ChildNodesTest, TheLastMaterialIsTheLastChildOfThatKind) {
+  EXPECT_EQ(ChildNodes::lastMaterial(*group), second.get());
+  const auto later = makeNode<TarnOIMaterialWithPriority>();
+  group->addChild(later.get());
+  group->addChild(new SoInfo);
+  EXPECT_EQ(ChildNodes::lastMaterial(*group), later.get());
+  group->removeAllChildren();
+  EXPECT_EQ(ChildNodes::lastMaterial(*group), nullptr);
 }

@@ -28,6 +28,7 @@ public:
 
   using TarnOIPointMeshSeparator::colorBinding;
   using TarnOIPointMeshSeparator::colorMaterial;
+  using TarnOIPointMeshSeparator::ColorRange;
   using TarnOIPointMeshSeparator::contourSeparator;
   using TarnOIPointMeshSeparator::doNotUseLocalTransform;
   using TarnOIPointMeshSeparator::faceSet;
