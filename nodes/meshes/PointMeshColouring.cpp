@@ -1,4 +1,7 @@
-// The colours of a cloud's points.
+#include "nodes/meshes/TarnOIPointMeshSeparator.h"
+
+// Above: the class. Here: the colours of a cloud's points.
+
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoMaterialBinding.h>
@@ -13,7 +16,6 @@
 #include "nodes/framework/OneNotification.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/meshes/PointColours.h"
-#include "nodes/meshes/TarnOIPointMeshSeparator.h"
 
 #include <algorithm>
 
