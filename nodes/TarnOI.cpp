@@ -17,6 +17,8 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/hud/TarnOIDSMCutterHUD.h"
+#include "nodes/hud/TarnOIDSMProfileHUD.h"
 #include "nodes/lines/TarnOIEdgeSeparator.h"
 #include "nodes/lines/TarnOILineSeparator.h"
 #include "nodes/meshes/TarnOIContourSeparator.h"
@@ -75,6 +77,10 @@ constexpr std::array table = {
                                     "a point cloud or mesh: colours, heights, sub-selections"),
     entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",
                                   "a contour of a point mesh, with points highlighted"),
+    entry<TarnOIDSMCutterHUD>("TarnOIDSMCutterHUD", "SoSeparator",
+                              "a line or box drawn over the model: the planes that cut it"),
+    entry<TarnOIDSMProfileHUD>("TarnOIDSMProfileHUD", "SoSeparator",
+                               "a line drawn over the model: the plane of its profile"),
 };
 
 }  // namespace
