@@ -47,7 +47,10 @@ constexpr const char* examples =
     "Image planes show small copies of the photographs, which are kept in\n"
     "$XDG_CACHE_HOME/tarnview (~/.cache/tarnview); the project's own folders are only read.\n"
     "\n"
-    "In the window: I image planes, F frusta, L labels, a click marks a point or a camera.\n"
+    "A written scene has no background: the program that shows it has its own.\n"
+    "\n"
+    "In the window: I image planes, F frusta, L labels, B background, a click marks a point or\n"
+    "a camera.\n"
     "\n"
     "Exit status: 0 done; 1 the project was refused or a file could not be written, with the\n"
     "reason on standard error; 2 a wrong call.";
@@ -119,6 +122,15 @@ CommandLine::Highlight parseHighlight(const std::string& text) {
                              "found \"" + text + "\", expected point:NUMBER or station:NAME");
 }
 
+CommandLine::Background parseBackground(const std::string& text) {
+  using Background = CommandLine::Background;
+  if (text == "none") return Background::eNone;
+  if (text == "plain") return Background::ePlain;
+  if (text == "gradient") return Background::eGradient;
+  throw CLI::ValidationError("--background",
+                             "found \"" + text + "\", expected none, plain or gradient");
+}
+
 double parseScale(const std::string& text) {
   double scale = 0.0;
   // Beyond these an ellipsoid has no size that can be drawn.
@@ -156,6 +168,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   std::string size;
   std::string view;
   std::string highlight;
+  std::string background;
   std::string ellipsoids;
 
   CLI::App app(description, "tarnview");
@@ -180,6 +193,10 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   const CLI::Option* highlightOption =
       app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")
           ->type_name("WHAT");
+  const CLI::Option* backgroundOption =
+      app.add_option("--background", background,
+                     "none (transparent in a picture), plain or gradient [gradient]")
+          ->type_name("KIND");
   const CLI::Option* writeOption =
       app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
           ->type_name("FILE");
@@ -198,6 +215,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
     if (sizeOption->count() > 0) commandLine.size = parseSize(size);
     if (viewOption->count() > 0) parseView(view, commandLine);
     if (highlightOption->count() > 0) commandLine.highlight = parseHighlight(highlight);
+    if (backgroundOption->count() > 0) commandLine.background = parseBackground(background);
     if (ellipsoidOption->count() > 0) commandLine.ellipsoidScale = parseScale(ellipsoids);
     checkFiles(commandLine.renderFile, commandLine.writeFile);
     const bool draws = !commandLine.renderFile.empty() || !commandLine.writeFile.empty();

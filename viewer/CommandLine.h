@@ -7,6 +7,7 @@
 /// What a call of tarnview asks for.
 struct CommandLine {
   enum class View { eIso, eTop, eFront, eRight, eStation };
+  enum class Background { eNone, ePlain, eGradient };
   enum class HighlightKind { ePoint, eStation };
   struct Size {
     static constexpr int mostPixels = 16384;  ///< a side, of all pictures that are drawn
@@ -30,6 +31,7 @@ struct CommandLine {
   bool labels = false;
   std::optional<double> ellipsoidScale;  ///< 1e-9 to 1e9
   std::optional<Highlight> highlight;
+  Background background = Background::eGradient;
   bool listNodes = false;
 
   /// Whether the call wants a window: neither a picture nor a scene file nor a list.

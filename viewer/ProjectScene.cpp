@@ -32,7 +32,8 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
       viewFraming(framingWithOffset(project)),
       stations(project, {options.imagePlanes, options.frusta}, viewFraming, context),
       points(project, options.ellipsoidScale, context),
-      sceneRoot(makeNode<SoSeparator>()) {
+      sceneRoot(makeNode<SoSeparator>()),
+      sceneBackground(*sceneRoot, options.background) {
   addSurroundings(project.GetObjectPoints().size());
   sceneRoot->addChild(stations.root());
   sceneRoot->addChild(points.root());
@@ -134,5 +135,3 @@ void ProjectScene::clearHighlight() {
   stations.clearMark();
   points.clearMark();
 }
-
-SbColor ProjectScene::backgroundColor() { return SbColor(0.33F, 0.36F, 0.40F); }

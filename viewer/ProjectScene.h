@@ -5,6 +5,7 @@
 
 #include "nodes/framework/NodeRef.h"
 #include "viewer/CommandLine.h"
+#include "viewer/SceneBackground.h"
 #include "viewer/ViewFraming.h"
 #include "viewer/layers/PointLayer.h"
 #include "viewer/layers/SceneContext.h"
@@ -18,10 +19,10 @@ class SoCamera;
 
 /// A project as a scene graph.
 ///
-/// The root's children: a light and what else holds for all, the camera, then the layers
-/// (camera stations, object points), and last what is drawn over all else: a point that is
-/// marked, which stands there a second time. The light stands ahead of the camera and so
-/// shines from the eye.
+/// The root's children: the background where it is a gradient, a light and what else holds
+/// for all, the camera, then the layers (camera stations, object points), and last what is
+/// drawn over all else: a point that is marked, which stands there a second time. The light
+/// stands ahead of the camera and so shines from the eye.
 ///
 ///     tarn::Project project;
 ///     ProjectFile::open("examples/demo", project, {});
@@ -38,6 +39,7 @@ public:
     bool imagePlanes = false;
     bool frusta = false;
     std::optional<double> ellipsoidScale;
+    SceneBackground::Kind background = SceneBackground::Kind::eGradient;
     tarn::ProgressHandler progress;  ///< may be empty
   };
 
@@ -72,6 +74,8 @@ public:
   void highlight(tarn::CameraStation& station);
   void clearHighlight();
 
+  void setBackground(SceneBackground::Kind kind) { sceneBackground.set(kind); }
+
   SoSeparator* root() const { return sceneRoot.get(); }
   SoCamera* camera() const { return currentCamera; }
   tarn::VDictionary& dictionary() { return context.objects; }
@@ -79,12 +83,11 @@ public:
   bool showsImagePlanes() const { return stations.showsImagePlanes(); }
   bool showsFrusta() const { return stations.showsFrusta(); }
   bool showsLabels() const { return labelsShown; }
+  /// Its colour is for whoever clears the picture or the window.
+  const SceneBackground& background() const { return sceneBackground; }
 
   /// Why photographs could not be shown; empty when all could.
   const std::vector<std::string>& problems() const { return stations.problems(); }
-
-  /// The colour behind the scene.
-  static SbColor backgroundColor();
 
 private:
   void addSurroundings(int points);
@@ -96,6 +99,7 @@ private:
   StationLayer stations;
   PointLayer points;
   NodeRef<SoSeparator> sceneRoot;  // after the layers: it lets their nodes go first
+  SceneBackground sceneBackground;
   SoCamera* currentCamera = nullptr;
   bool labelsShown = false;
 };

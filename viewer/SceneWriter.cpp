@@ -14,6 +14,7 @@
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
 #include "nodes/TarnOI.h"
+#include "nodes/framework/SoBackground.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "viewer/WholeFile.h"
@@ -52,12 +53,17 @@ private:
       auto* to = static_cast<SoGroup*>(copy);
       for (int i = 0; i < from->getNumChildren(); ++i) {
         SoNode* child = from->getChild(i);
-        // Coin's own, unknown to other implementations of Inventor.
-        if (child->isOfType(SoDepthBuffer::getClassTypeId())) continue;
-        to->addChild(convert(child));
+        if (isWritten(*child)) to->addChild(convert(child));
       }
     }
     return copy;
+  }
+
+  static bool isWritten(const SoNode& node) {
+    // A background is the business of the program that shows the scene, and Inventor has no
+    // node for one; a depth buffer is unknown to other implementations of Inventor than Coin.
+    return !node.isOfType(SoBackground::getClassTypeId()) &&
+           !node.isOfType(SoDepthBuffer::getClassTypeId());
   }
 
   // The nearest ancestor that is not this library's own, and can be made.

@@ -87,6 +87,7 @@ public:
     options.imagePlanes = commandLine.imagePlanes;
     options.frusta = commandLine.frusta;
     options.ellipsoidScale = commandLine.ellipsoidScale;
+    options.background = commandLine.background;
     options.progress = report;
     ProjectScene scene(project, options);
     if (highlightPoint) scene.highlight(*highlightPoint);
@@ -124,8 +125,10 @@ public:
     if (!commandLine.renderFile.empty()) {
       report("drawing", 0.0);
       OffscreenRenderer renderer(size.width, size.height);
-      renderer.setBackgroundColor(ProjectScene::backgroundColor());
-      renderer.render(scene.root()).writePng(commandLine.renderFile);
+      renderer.setBackgroundColor(scene.background().color());
+      const bool transparent = commandLine.background == CommandLine::Background::eNone;
+      (transparent ? renderer.renderTransparent(scene.root()) : renderer.render(scene.root()))
+          .writePng(commandLine.renderFile);
     }
     return 0;
   }

@@ -32,6 +32,7 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
   EXPECT_FALSE(line.size.has_value());
   EXPECT_FALSE(line.ellipsoidScale.has_value());
   EXPECT_FALSE(line.highlight.has_value());
+  EXPECT_EQ(line.background, CommandLine::Background::eGradient);
 }
 
 TEST_F(CommandLineTest, EveryOptionIsTaken) {
@@ -70,6 +71,18 @@ TEST_F(CommandLineTest, HighlightNamesAStation) {
   EXPECT_EQ(line.highlight->stationName, "left01.jpg");
 }
 
+TEST_F(CommandLineTest, BackgroundsAreKnownByName) {
+  using Background = CommandLine::Background;
+  EXPECT_EQ(accepted({"p", "--background", "none"}).background, Background::eNone);
+  EXPECT_EQ(accepted({"p", "--background", "plain"}).background, Background::ePlain);
+  EXPECT_EQ(accepted({"p", "--background", "gradient"}).background, Background::eGradient);
+  for (const char* kind : {"sky", "Plain", "black"}) {
+    EXPECT_THAT(refused({"p", "--background", kind}),
+                HasSubstr("--background: found \"" + std::string(kind) +
+                          "\", expected none, plain or gradient"));
+  }
+}
+
 TEST_F(CommandLineTest, NodesNeedNoProject) {
   const CommandLine line = accepted({"--nodes"});
   EXPECT_TRUE(line.listNodes);
@@ -88,7 +101,7 @@ TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
 
 TEST_F(CommandLineTest, EmptyValuesAreRefused) {
   for (const char* option :
-       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids"}) {
+       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids", "--background"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }

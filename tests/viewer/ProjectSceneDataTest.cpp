@@ -44,9 +44,11 @@ protected:
     }
     EXPECT_EQ(oriented, stations);
     EXPECT_EQ(project.GetObjectPoints().size(), points);
-    ProjectScene scene(project);
+    ProjectScene::Options options;
+    options.background = CommandLine::Background::ePlain;
+    ProjectScene scene(project, options);
     OffscreenRenderer renderer(width, height);
-    renderer.setBackgroundColor(ProjectScene::backgroundColor());
+    renderer.setBackgroundColor(scene.background().color());
     for (const View view : {View::eIso, View::eTop, View::eFront, View::eRight}) {
       scene.setView(view, static_cast<double>(width) / height);
       const double covered = coveredPercent(renderer.render(scene.root()));

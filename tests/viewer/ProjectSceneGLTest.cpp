@@ -24,7 +24,7 @@ protected:
 
   void expectBaseline(ProjectScene& scene) {
     OffscreenRenderer renderer(width, height);
-    renderer.setBackgroundColor(ProjectScene::backgroundColor());
+    renderer.setBackgroundColor(scene.background().color());
     const std::string name = std::string("ProjectScene-") +
                              ::testing::UnitTest::GetInstance()->current_test_info()->name();
     // Points and lines of one pixel more or less at their edges, where another version of

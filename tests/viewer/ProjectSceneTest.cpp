@@ -6,6 +6,7 @@
 
 #include "host/model/Project.h"
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
+#include "nodes/framework/SoGradientBackground.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOISwitch.h"
@@ -215,6 +216,31 @@ TEST_F(ProjectSceneTest, StationThatIsNotOrientedCannotBeLookedThrough) {
   SoCamera* camera = scene.camera();
   EXPECT_FALSE(scene.setView(lost));
   EXPECT_EQ(scene.camera(), camera);
+}
+
+TEST_F(ProjectSceneTest, GradientIsDrawnBeforeAllElseUnlessAnotherBackgroundIsAskedFor) {
+  using Kind = SceneBackground::Kind;
+  ProjectScene scene(project);
+  EXPECT_EQ(scene.background().kind(), Kind::eGradient);
+  EXPECT_TRUE(scene.root()->getChild(0)->isOfType(SoGradientBackground::getClassTypeId()));
+  for (const Kind kind : {Kind::ePlain, Kind::eNone}) {
+    scene.setBackground(kind);
+    EXPECT_EQ(scene.background().kind(), kind);
+    EXPECT_EQ(count(scene.root(), SoBackground::getClassTypeId()), 0);
+  }
+  scene.setBackground(Kind::eGradient);
+  scene.setBackground(Kind::eGradient);
+  EXPECT_TRUE(scene.root()->getChild(0)->isOfType(SoGradientBackground::getClassTypeId()));
+  EXPECT_EQ(count(scene.root(), SoBackground::getClassTypeId()), 1);
+}
+
+TEST_F(ProjectSceneTest, PictureWithoutBackgroundIsClearedInBlack) {
+  ProjectScene::Options options;
+  options.background = SceneBackground::Kind::eNone;
+  ProjectScene scene(project, options);
+  EXPECT_EQ(scene.background().color(), SbColor(0.0F, 0.0F, 0.0F));
+  scene.setBackground(SceneBackground::Kind::ePlain);
+  EXPECT_NE(scene.background().color(), SbColor(0.0F, 0.0F, 0.0F));
 }
 
 TEST_F(ProjectSceneTest, EmptyProjectMakesAScene) {

@@ -11,6 +11,7 @@
 #include "host/classes/VPathString.h"
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/ObjectName.h"
+#include "nodes/framework/SoGradientBackground.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
@@ -94,6 +95,16 @@ TEST_F(SceneWriterTest, LayerIsNamedAndTextureKeepsItsFileName) {
   EXPECT_THAT(text, Not(HasSubstr("Tarn")));
   EXPECT_THAT(text, Not(HasSubstr("image")));
   root.reset();
+}
+
+TEST_F(SceneWriterTest, BackgroundIsLeftOut) {
+  root->addChild(new SoGradientBackground);
+  auto* material = new SoMaterial;
+  root->addChild(material);
+  const NodeRef<SoNode> standard = SceneWriter::toStandardNodes(root.get());
+  auto* group = static_cast<SoGroup*>(standard.get());
+  ASSERT_EQ(group->getNumChildren(), 1);
+  EXPECT_EQ(group->getChild(0), material);
 }
 
 TEST_F(SceneWriterTest, OwnPointSymbolsBecomeInventorsNearest) {

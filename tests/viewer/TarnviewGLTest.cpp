@@ -87,6 +87,34 @@ TEST_F(TarnviewGLTest, PictureHasTheSizeAskedFor) {
   EXPECT_EQ(picture.height, 200);
 }
 
+TEST_F(TarnviewGLTest, BackgroundIsAGradientUnlessAnotherIsAskedFor) {
+  const auto corners = [this](const std::string& options) {
+    const Result result =
+        tarnview(demo + " --size 120x90 --render " + quoted("a.png") + " " + options);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    const Picture picture = Picture::read(folder.file("a.png"));
+    std::vector<int> found;
+    for (const int y : {0, picture.height - 1}) {
+      for (const int x : {0, picture.width - 1}) {
+        found.push_back(picture.at(x, y)[1]);
+        found.push_back(picture.alpha.empty()
+                            ? 255
+                            : picture.alpha[static_cast<std::size_t>(y * picture.width + x)]);
+      }
+    }
+    return found;
+  };
+  const std::vector<int> gradient = corners("");
+  EXPECT_EQ(corners("--background gradient"), gradient);
+  EXPECT_EQ(gradient[0], gradient[2]);
+  EXPECT_EQ(gradient[4], gradient[6]);
+  EXPECT_LT(gradient[0] + 30, gradient[4]) << "the picture is not darker at its top";
+  EXPECT_EQ(gradient[1], 255);
+  const std::vector<int> plain = corners("--background plain");
+  EXPECT_EQ(plain, (std::vector<int>{92, 255, 92, 255, 92, 255, 92, 255}));
+  EXPECT_EQ(corners("--background none"), std::vector<int>(8, 0));
+}
+
 TEST_F(TarnviewGLTest, ViewThroughAStationHasThePhotographsProportions) {
   const Result result = tarnview(demo + " --view station:station03 --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 0) << result.errors;
@@ -213,8 +241,9 @@ TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
 TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
   for (const char* options : {"--image-planes --frusta", "--labels --highlight station:station08",
                               "--ellipsoids 30 --view top"}) {
-    const Result written = tarnview(demo + " --size 400x300 --render " + quoted("ours.png") +
-                                    " --write " + quoted("scene.iv") + " " + options);
+    const Result written =
+        tarnview(demo + " --size 400x300 --background plain --render " + quoted("ours.png") +
+                 " --write " + quoted("scene.iv") + " " + options);
     ASSERT_EQ(written.status, 0) << written.errors;
     EXPECT_THAT(content("scene.iv"), Not(HasSubstr("Tarn")));
     EXPECT_THAT(content("scene.iv"), HasSubstr("DEF Station_station08_jpg Separator"));

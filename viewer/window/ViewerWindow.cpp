@@ -75,6 +75,15 @@ private:
           scene.showLabels(viewer.getViewportRegion());
         }
         return true;
+      case Qt::Key_B: {
+        using Kind = SceneBackground::Kind;
+        const Kind kind = scene.background().kind();
+        scene.setBackground(kind == Kind::eGradient ? Kind::ePlain
+                            : kind == Kind::ePlain  ? Kind::eNone
+                                                    : Kind::eGradient);
+        viewer.setBackgroundColor(scene.background().color());
+        return true;
+      }
       default:
         return false;
     }
@@ -148,7 +157,7 @@ int ViewerWindow::open(const std::string& title, ProjectScene& scene, bool label
     SoQtExaminerViewer viewer(window);
     Controller controller(viewer, scene, errors);
     viewer.setTitle(title.c_str());
-    viewer.setBackgroundColor(ProjectScene::backgroundColor());
+    viewer.setBackgroundColor(scene.background().color());
     // The scene has a light that follows the camera.
     viewer.setHeadlight(FALSE);
     scene.camera()->viewportMapping = SoCamera::ADJUST_CAMERA;
