@@ -9,6 +9,7 @@
 
 #include "host/general/Preferences.h"
 #include "host/model/PointMeshContour.h"
+#include "nodes/framework/FieldFill.h"
 #include "nodes/framework/Narrowing.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/ViewerFrame.h"
@@ -39,12 +40,13 @@ void append(SoSeparator& separator, const tarn::PointMeshContour& contour) {
   auto coordinates = makeNode<SoCoordinate3>();
   double** const points = contour.GetPoints(1);
   const int count = points ? contour.GetNumberOfPoints() : 0;
-  coordinates->point.setNum(count > 0 ? count + 1 : 0);
-  if (count > 0) {
-    SbVec3f* const vertices = coordinates->point.startEditing();
-    for (int i = 0; i < count; ++i) vertices[i] = vertexOf(points[i]);
-    vertices[count] = ViewerFrame::directionFromModel({points[0][0], points[0][1], points[0][2]});
-    coordinates->point.finishEditing();
+  {
+    const FieldFill fill(coordinates->point, count > 0 ? count + 1 : 0);
+    for (int i = 0; i < count; ++i) fill.values()[i] = vertexOf(points[i]);
+    if (count > 0) {
+      fill.values()[count] =
+          ViewerFrame::directionFromModel({points[0][0], points[0][1], points[0][2]});
+    }
   }
   separator.addChild(coordinates.get());
   appendShapes(separator);

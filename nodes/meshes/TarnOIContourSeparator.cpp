@@ -5,11 +5,11 @@
 #include <Inventor/nodes/SoMaterial.h>
 
 #include "host/general/Preferences.h"
-#include "host/model/Material.h"
 #include "host/model/PointMeshContour.h"
 #include "nodes/framework/ChildNodes.h"
+#include "nodes/framework/FieldFill.h"
+#include "nodes/framework/MaterialColours.h"
 #include "nodes/framework/OneNotification.h"
-#include "nodes/framework/SceneColor.h"
 #include "nodes/framework/ViewerFrame.h"
 #include "nodes/meshes/MeshContours.h"
 
@@ -99,13 +99,10 @@ void TarnOIContourSeparator::place() {
   SoMFVec3f& field = coordinates->point;
   const int before = field.getNum();
   {
-    const OneNotification once(field);
-    if (before < count) field.setNum(count);
-    SbVec3f* const vertices = field.startEditing();
+    const FieldFill fill(field, std::max(before, count));
     for (int i = 0; i < count; ++i) {
-      vertices[i] = ViewerFrame::fromModel({points[i][0], points[i][1], points[i][2]});
+      fill.values()[i] = ViewerFrame::fromModel({points[i][0], points[i][1], points[i][2]});
     }
-    field.finishEditing();
   }
   // Each point has its colour while some are highlighted, also one that has just come.
   if (subHighlight.material && before < count) colorPoints(before, nullptr);
@@ -113,14 +110,7 @@ void TarnOIContourSeparator::place() {
 
 SbColor TarnOIContourSeparator::contourColor() const {
   const tarn::Material* material = contour() ? contour()->GetMaterial() : nullptr;
-  if (!material) return MeshContours::preferredColor();
-  tarn::Colour ambient;
-  tarn::Colour diffuse;
-  tarn::Colour specular;
-  tarn::Colour emissive;
-  double shininess = 0.0;
-  material->GetFixedColor(ambient, diffuse, specular, emissive, shininess);
-  return SceneColor::from(diffuse);
+  return material ? MaterialColours::of(*material).diffuse : MeshContours::preferredColor();
 }
 
 // Colours the points from `first` on like the contour, but those listed as selected.

@@ -21,6 +21,7 @@ class TriangleLookups;
 
 namespace tarn {
 class PointMesh;
+class PointMeshContour;
 class PointMeshTempSubPoints;
 class PointMeshTempSubTriangles;
 class Project;
@@ -46,7 +47,7 @@ class VOrdCollect;
 ///   a surface  [localTransform], the normals, coordinates and faces of each set of triangles
 ///              without texture, the last set first; the shape hints; for each set with
 ///              texture: texture, SoTextureCoordinate2, SoNormal, SoCoordinate3, faces
-/// and the contours behind them.
+/// and the separator of the contours behind them.
 ///
 /// Preferences, read when they are needed: "SelectionColor" (7, section "Colors"),
 /// "ShowCountWarnings" (1, no section), "UseMeshExtentsForHueRange" and
@@ -81,6 +82,11 @@ public:
                                            SoShapeHints* doubleSidedHints, TarnOITexture** textures,
                                            tarn::VOrdCollect** triangleGroups,
                                            tarn::VDictionary* uvByTriangle);
+
+  /// Adds the contour's line behind the children (see MeshContours). All contours stand under one
+  /// separator, made for the first of them; a cloud that is built anew keeps that separator, but
+  /// no longer among its children. Null is passed over.
+  void AddContour(tarn::PointMeshContour* contour);
 
   /// Non-zero: the mesh's local affine is ignored from the next build on. A transform that is
   /// there already stays.
@@ -126,6 +132,9 @@ protected:
   /// Builds a triangle mesh: normals, coordinates and faces, in front of them the transform where
   /// there is one. The children there were are dropped, and all members forgotten. Returns 1.
   int SetTriMeshData(tarn::PointMesh* mesh);
+
+  /// Adds all contours of the mesh, in their order.
+  void AddContours();
 
   /// With `on` non-zero colours the points by the height that they have in the project's
   /// transformed frame, from the lowest to the highest of all point meshes, of the project or of
