@@ -193,6 +193,11 @@ tarn::PointMesh* TarnOIPointMeshSeparator::mesh() const {
              : nullptr;
 }
 
+tarn::Surface* TarnOIPointMeshSeparator::surface() const {
+  return tarnObject && tarnObject->isA(tarn::SurfaceCls) ? static_cast<tarn::Surface*>(tarnObject)
+                                                         : nullptr;
+}
+
 // What a node without children has in its members stays there: hosts rely on it.
 void TarnOIPointMeshSeparator::dropCloud() {
   if (getNumChildren() == 0) return;

@@ -18,6 +18,7 @@ class SoShapeHints;
 class SoTransform;
 class TarnOITexture;
 class TriangleLookups;
+struct MaterialColours;
 
 namespace tarn {
 class PointMesh;
@@ -105,6 +106,30 @@ public:
   /// points is left as it is, with a warning.
   void ColorPointsWithTexture(int on, int mode, tarn::Project* project);
 
+  /// Sets the colour of points highlighted later; each value is cut to 8 bits.
+  void SetSubHighlightColor(int red, int green, int blue);
+
+  /// Shows the listed points (indexes, counted from 0) of a cloud in the sub-highlight colour and
+  /// all others in their own, or in that of the mesh's material where they have none. Indexes
+  /// outside and a null list are passed over.
+  void HighlightSubPoints(tarn::VOrdCollect* pointIndexes);
+
+  /// Shows the listed triangles in the preferred selection colour, which becomes the
+  /// sub-highlight colour, and all others in that of the mesh's material. A surface of several
+  /// textures becomes one plain mesh first.
+  void HighlightSubTriangles(tarn::VOrdCollect* triangleIndexes);
+
+  /// Undo HighlightSubPoints, and HighlightSubTriangles with or without textures.
+  void ClearSubPointHighlights();
+  void ClearSubTriangleHighlights();
+
+  /// Adds the selected points, or the corners of the selected triangles, to `target` as a point
+  /// set of its own, in the viewer frame. Nothing is added where nothing is selected; indexes
+  /// outside and null arguments are passed over.
+  void AddTempSubPointsSeparator(SoSeparator* target, tarn::PointMeshTempSubPoints* selection);
+  void AddTempSubTrianglesSeparator(SoSeparator* target,
+                                    tarn::PointMeshTempSubTriangles* selection);
+
   /// Records `on`, highlights as every node does, and lets the highlight paint the whole cloud:
   /// while another material than that of the points' colours is the last, the colours count
   /// for the cloud as a whole.
@@ -114,6 +139,11 @@ public:
   /// something else than a point mesh are reported ("tarnObject",
   /// "tarnObject->isA( PointMeshCls )"), and have none.
   int GetNumTriangles() const;
+
+  /// The number of a picked face in the model's list of triangles, counted from 0; -1 where the
+  /// model does not list its triangle any more. It is the face's own number unless the surface
+  /// has several sets of triangles, `faceSet` one of them, and the face is one of its.
+  int GetTarnIndexOfSubTriangle(int faceIndex, SoNode* faceSet);
 
   /// The ordinary copy, bound to the same mesh: the dictionary's entry moves to it.
   SoNode* copy(SbBool copyConnections = FALSE) const override;
@@ -142,6 +172,12 @@ protected:
   /// project is reported without one ("project").
   void ColorRange(int on, tarn::Project* project);
 
+  /// Shows the listed triangles of a surface of several textures in the preferred selection
+  /// colour and leaves the textures: in front of every face set comes a material with a colour
+  /// for each face, and the binding for it. A face set that has no material in front of it is
+  /// reported ("node", "node->isOfType( SoMaterial::getClassTypeId() )").
+  void HighlightSubTrianglesMultiPhotoTexture(tarn::VOrdCollect* triangleIndexes);
+
   // References: a host may take children out and copy the node, and no member dangles.
   NodeRef<SoCoordinate3> pointPos;
   NodeRef<SoIndexedFaceSet> faceSet;
@@ -158,6 +194,7 @@ protected:
 
 private:
   tarn::PointMesh* mesh() const;
+  tarn::Surface* surface() const;
   void dropCloud();
   void dropAll();
   void buildTriangles(tarn::Surface* surface);
@@ -168,5 +205,8 @@ private:
   void removeColours();
   template <typename Paint>
   void colourPoints(Paint paint);
+  MaterialColours materialColours() const;
+  void placeSubHighlight();
+  SoMaterial* materialInFrontOf(const SoNode* faceSet) const;
   MeshFrame frame() const;
 };

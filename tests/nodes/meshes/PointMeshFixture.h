@@ -33,6 +33,7 @@ public:
   using TarnOIPointMeshSeparator::doNotUseLocalTransform;
   using TarnOIPointMeshSeparator::faceSet;
   using TarnOIPointMeshSeparator::highlightOn;
+  using TarnOIPointMeshSeparator::HighlightSubTrianglesMultiPhotoTexture;
   using TarnOIPointMeshSeparator::localTransform;
   using TarnOIPointMeshSeparator::pointPos;
   using TarnOIPointMeshSeparator::SetMeshData;
