@@ -19,6 +19,9 @@ public:
   /// Why it cannot be asked, for Row::skipped; empty when it can: it was not built.
   std::string missing() const;
 
+  /// Its file, for a program that starts it.
+  const std::string& file() const { return path; }
+
   /// Runs it without a shell and waits. `environment` ("NAME=value") is added to ours.
   /// Throws std::runtime_error, with the last line it wrote to standard error, when it
   /// fails or prints no figure.

@@ -1,10 +1,11 @@
 // Reads the coloured points of a PLY file with Open3D.
+#include <open3d/geometry/PointCloud.h>
+#include <open3d/io/PointCloudIO.h>
+
 #include "bench/peers/PlyWork.h"
 
 #include <cmath>
 #include <memory>
-#include <open3d/geometry/PointCloud.h>
-#include <open3d/io/PointCloudIO.h>
 
 namespace {
 

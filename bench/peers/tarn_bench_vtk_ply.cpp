@@ -1,12 +1,13 @@
 // Reads the coloured points of a PLY file with VTK.
-#include "bench/peers/PlyWork.h"
-
-#include <array>
 #include <vtkPLYReader.h>
 #include <vtkPointData.h>
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>
 #include <vtkUnsignedCharArray.h>
+
+#include "bench/peers/PlyWork.h"
+
+#include <array>
 
 namespace {
 

@@ -1,0 +1,65 @@
+#include "bench/dense/CloudWork.h"
+
+#include "bench/DenseData.h"
+#include "bench/dense/Memory.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+namespace bench {
+
+int CloudWork::run(int argc, char** argv) {
+  points = argc == 2 ? std::atoi(argv[1]) : 0;
+  if (points < 1) {
+    std::cerr << "usage: " << argv[0] << " POINTS\n";
+    return 2;
+  }
+  try {
+    prepare();
+    tellBuilding();
+    tellDrawing();
+  } catch (const std::exception& problem) {
+    std::cerr << problem.what() << '\n';
+    return 1;
+  }
+  return 0;
+}
+
+void CloudWork::prepare() {
+  positions = cloudPositions(points);
+  pointers.resize(static_cast<std::size_t>(points));
+  for (std::size_t i = 0; i < pointers.size(); ++i) pointers[i] = &positions[3 * i];
+}
+
+void CloudWork::tellBuilding() {
+  std::vector<double> building;
+  std::vector<double> colouring;
+  for (int i = 0; i < 5; ++i) {
+    residentBytes();  // what the last pass took is given back: the next one's memory is new
+    building.push_back(secondsOf([this] { build(); }));
+    colouring.push_back(secondsOf([this] { colour(); }));
+    drop();
+  }
+  std::cout << "build_s " << medianOf(building) << "\ncolour_s " << medianOf(colouring) << '\n';
+}
+
+void CloudWork::tellDrawing() {
+  if (!open()) return;
+  for (int i = 0; i < 3; ++i) draw(View::ofCloud(0));  // what the driver takes for itself
+  const double before = residentBytes();
+  build();
+  colour();
+  int frame = 0;
+  const auto next = [&] { return secondsOf([&] { draw(View::ofCloud(frame++)); }); };
+  std::cout << "first_s " << next() << '\n';
+  next();
+  next();
+  std::vector<double> steady;
+  for (int i = 0; i < 5; ++i) steady.push_back(next());
+  std::cout << "steady_s " << medianOf(steady) << "\nbytes_per_point "
+            << (residentBytes() - before) / static_cast<double>(count()) << '\n';
+}
+
+}  // namespace bench
