@@ -13,6 +13,7 @@
 #include "host/model/ObjectPoint.h"
 #include "host/model/PhotoCollection.h"
 #include "host/model/PointMesh.h"
+#include "host/model/Units.h"
 
 #include <deque>
 #include <memory>
@@ -65,6 +66,16 @@ public:
   /// Sets the project's transform; not owned, null for none.
   void SetAffineTransform(BasicAffine* affine) { _affine = affine; }
 
+  /// The unit in which lengths are told to the user: metres until another is set.
+  virtual const Units* GetUnits() const { return &_units; }
+  void SetUnits(const Units& units) { _units = units; }
+
+  /// The height, in the project's units and its own coordinate system, above whose plane
+  /// volumes are measured: the height of the ground. 0, the XY plane itself, until another
+  /// is set.
+  virtual double GetVolumeAboveXY_ZLevel() const { return _zLevel; }
+  void SetVolumeAboveXY_ZLevel(double height) { _zLevel = height; }
+
   /// Grows `extents` to hold the points of all point meshes as they are stored, without the
   /// meshes' local affines: the frame that a ramp of heights colours. Each box is that of its
   /// points brought through `affine` (see PointMesh::GetBoundingBox).
@@ -99,6 +110,8 @@ private:
   VOrdCollect _allEdges;
   VOrdCollect _allPointMeshes;
   BasicAffine* _affine = nullptr;
+  Units _units;
+  double _zLevel = 0.0;
 };
 
 }  // namespace tarn

@@ -237,18 +237,37 @@ INSTANTIATE_TEST_SUITE_P(
                       OutOfRange{"SymbolColourAboveOne", "CSSymbol", "Body_ambient_R", "29",
                                  "a number from 0 to 1"},
                       OutOfRange{"SymbolColourNegative", "CSSymbol", "Lens_specular_B", "-0.5",
-                                 "a number from 0 to 1"}),
+                                 "a number from 0 to 1"},
+                      OutOfRange{"GroundMultiplierZero", "GroundPlane", "GroundPlaneMultiplier",
+                                 "0", "a number from 0.001 to 1000000"},
+                      OutOfRange{"GroundMultiplierNegative", "GroundPlane", "GroundPlaneMultiplier",
+                                 "-2", "a number from 0.001 to 1000000"},
+                      OutOfRange{"GroundMultiplierHuge", "GroundPlane", "GroundPlaneMultiplier",
+                                 "1e7", "a number from 0.001 to 1000000"},
+                      OutOfRange{"GroundTransparencyNegative", "Colors", "GroundPlaneTransparency",
+                                 "-0.1", "a number from 0 to 1"},
+                      OutOfRange{"GroundTransparencyAboveOne", "Colors", "GroundPlaneTransparency",
+                                 "50", "a number from 0 to 1"},
+                      OutOfRange{"GroundTransparencyTypeNegative", "Colors",
+                                 "GroundPlaneTransparencyType", "-1", "a number from 0 to 9"},
+                      OutOfRange{"GroundTransparencyTypeUnknown", "Colors",
+                                 "GroundPlaneTransparencyType", "10", "a number from 0 to 9"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(PreferencesTest, TheEndsOfARangeBelongToIt) {
   read(
       "ExagerationSphereSize = 0\n"
       "[ProjectViewer(3D_Viewer)]\nCamStnImageResampleFactor = 1\n"
-      "[CSSymbol]\nBody_ambient_R = 0\nBody_ambient_G = 1\n");
+      "[CSSymbol]\nBody_ambient_R = 0\nBody_ambient_G = 1\n"
+      "[GroundPlane]\nGroundPlaneMultiplier = 0.001\n"
+      "[Colors]\nGroundPlaneTransparency = 1\nGroundPlaneTransparencyType = 9\n");
   EXPECT_EQ(store.GetPreference("ExagerationSphereSize", 1.0, nullptr), 0.0);
   EXPECT_EQ(store.GetPreference("CamStnImageResampleFactor", 10, "ProjectViewer(3D_Viewer)"), 1);
   EXPECT_EQ(store.GetPreference("Body_ambient_R", 0.5, "CSSymbol"), 0.0);
   EXPECT_EQ(store.GetPreference("Body_ambient_G", 0.5, "CSSymbol"), 1.0);
+  EXPECT_EQ(store.GetPreference("GroundPlaneMultiplier", 2.0, "GroundPlane"), 0.001);
+  EXPECT_EQ(store.GetPreference("GroundPlaneTransparency", 0.5, "Colors"), 1.0);
+  EXPECT_EQ(store.GetPreference("GroundPlaneTransparencyType", 5, "Colors"), 9);
 }
 
 // Lines of another form.

@@ -196,6 +196,22 @@ TEST_F(ProjectTest, GivesItsAffineTransform) {
   EXPECT_EQ(project.GetAffineTransform(0), nullptr);
 }
 
+TEST_F(ProjectTest, CountsInMetresUntilAUnitIsSet) {
+  ASSERT_NE(project.GetUnits(), nullptr);
+  EXPECT_STREQ(project.GetUnits()->GetName().text(), "m");
+  tarn::Units feet;
+  feet.SetUnit("ft");
+  project.SetUnits(feet);
+  EXPECT_STREQ(project.GetUnits()->GetName().text(), "ft");
+  EXPECT_DOUBLE_EQ(project.GetUnits()->UnitsToMeters(10.0), 3.048);
+}
+
+TEST_F(ProjectTest, ItsGroundIsTheXYPlaneUntilAHeightIsSet) {
+  EXPECT_EQ(project.GetVolumeAboveXY_ZLevel(), 0.0);
+  project.SetVolumeAboveXY_ZLevel(-12.5);
+  EXPECT_EQ(project.GetVolumeAboveXY_ZLevel(), -12.5);
+}
+
 TEST_F(ProjectTest, ADerivedProjectAnswersFromItsOwnCollections) {
   class OwnPoints : public Project {
   public:
