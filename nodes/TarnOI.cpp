@@ -17,6 +17,7 @@
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/hud/TarnOIColorizeScaleHUD.h"
 #include "nodes/hud/TarnOIDSMCutterHUD.h"
 #include "nodes/hud/TarnOIDSMProfileHUD.h"
 #include "nodes/lines/TarnOIEdgeSeparator.h"
@@ -77,6 +78,8 @@ constexpr std::array table = {
                                     "a point cloud or mesh: colours, heights, sub-selections"),
     entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",
                                   "a contour of a point mesh, with points highlighted"),
+    entry<TarnOIColorizeScaleHUD>("TarnOIColorizeScaleHUD", "TarnOIOverlaySeparator",
+                                  "the legend of the false-colour ramp"),
     entry<TarnOIDSMCutterHUD>("TarnOIDSMCutterHUD", "SoSeparator",
                               "a line or box drawn over the model: the planes that cut it"),
     entry<TarnOIDSMProfileHUD>("TarnOIDSMProfileHUD", "SoSeparator",

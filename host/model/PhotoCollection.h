@@ -9,6 +9,8 @@
 
 namespace tarn {
 
+class Project;
+
 extern TARN_HOST_EXPORT VClass PhotoCollectionCls;
 
 /// The photographs of a project, which it owns.
@@ -22,6 +24,16 @@ public:
   virtual const VOrdCollect& GetPhotographs() const { return _all; }
   /// The photograph of that number; null when there is none.
   virtual Photograph* GetPhotograph(int number) const;
+
+  /// A selection of photographs.
+  enum PhotoType {
+    eAll = 0,
+    eOriented = 7  ///< those whose camera station is oriented
+  };
+  /// The photographs of that type, in the order they were added; none of a type that is not
+  /// known. `project`, which may be null, is for hosts that select by more than the photograph.
+  /// The collection is new, and the caller's.
+  virtual VOrdCollect* GetPhotographsByType(int type, Project* project) const;
 
   /// Adds an empty photograph; the reference stays valid.
   Photograph& Add();

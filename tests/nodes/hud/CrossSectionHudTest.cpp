@@ -90,6 +90,17 @@ TYPED_TEST(CrossSectionHudTest, TheColourIsReadOnceAtConstruction) {
                                     static_cast<float>(66 / 255.0)));
 }
 
+TYPED_TEST(CrossSectionHudTest, ReadsNoOtherPreference) {
+  this->preferences.takeReads();
+  const auto later = makeNode<TypeParam>();
+  later->SetFirstPos(300, 200, 800, 600);
+  setSecond(*later, 310, 220, 800, 600, 1);
+  using Read = PreferenceRead;
+  EXPECT_THAT(this->preferences.takeReads(),
+              ::testing::ElementsAre(Read{Read::eColour, "CrossSectionColor(RRRGGGBBB_0-255)",
+                                          "200010010", "DenseStereo"}));
+}
+
 TYPED_TEST(CrossSectionHudTest, TheFirstPointIsRememberedAndDrawsNothing) {
   this->hud->SetFirstPos(300, 200, 800, 600);
   EXPECT_EQ(this->hud->HasFirstPoint(), 1);
