@@ -53,6 +53,38 @@ void PointMesh::Truncate(int points) {
   _colours.truncate(points);
 }
 
+void PointMesh::KeepPoints(const std::vector<bool>& kept) {
+  const std::span<float> positions = GetPointStorage();
+  const std::span<unsigned char> colours = GetColourStorage();
+  std::vector<Corners> triangles = std::move(_triangles);
+  std::vector<Point3DDouble> normals = std::move(_normals);
+  static constexpr int dropped = -1;
+  std::vector<int> renumbered(static_cast<std::size_t>(GetNumPoints()), dropped);
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < renumbered.size(); ++i) {
+    if (i >= kept.size() || !kept[i]) continue;
+    // A point moves to the front of itself, never onto one that is still to come.
+    std::ranges::copy(positions.subspan(3 * i, 3),
+                      positions.begin() + static_cast<long>(3 * count));
+    if (!colours.empty()) {
+      std::ranges::copy(colours.subspan(3 * i, 3), colours.begin() + static_cast<long>(3 * count));
+    }
+    if (!normals.empty()) normals[count] = normals[i];
+    renumbered[i] = static_cast<int>(count++);
+  }
+  if (!normals.empty()) normals.resize(count);
+  std::erase_if(triangles, [&renumbered](Corners& corners) {
+    for (int& corner : corners) corner = renumbered[static_cast<std::size_t>(corner)];
+    return std::ranges::count(corners, dropped) > 0;
+  });
+  dropTriangles();
+  ClearContours();
+  PointsChanged();
+  _points.truncate(static_cast<int>(count));
+  _colours.truncate(static_cast<int>(count));
+  SetTriangles(std::move(triangles), std::move(normals));
+}
+
 int PointMesh::SetTriangles(std::vector<Corners> triangles, std::vector<Point3DDouble> normals) {
   const int count = _points.count();
   if (!normals.empty() && normals.size() != static_cast<std::size_t>(count)) return 0;

@@ -54,6 +54,10 @@ public:
   /// Keeps the first `points` points and drops triangles and contours; the memory of the
   /// others is kept. A number that is not below the present one changes nothing.
   void Truncate(int points);
+  /// Keeps the points whose flag is set, in their order, with colours and normals, and the
+  /// triangles of which all corners are kept; drops the contours. Flags that are missing count
+  /// as not set. Linear; the memory of the others is kept.
+  void KeepPoints(const std::vector<bool>& kept);
   /// Says that positions were written: the box is found anew.
   void PointsChanged() { _storedBox.reset(); }
   /// Sets the triangles, and with them a normal for each point (stored frame) or none.

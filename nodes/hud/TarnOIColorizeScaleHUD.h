@@ -44,7 +44,7 @@ class TARNOI_EXPORT TarnOIColorizeScaleHUD : public TarnOIOverlaySeparator {
 
 public:
   /// What the numbers are.
-  enum eRangeType {
+  enum eRangeType : int {
     eHeightRange = 0,       ///< heights of the point meshes or of the project
     ePhotoOverlapRange = 1  ///< how many photographs show a place
   };

@@ -189,6 +189,39 @@ TEST_F(PointMeshTest, TruncatingToAsManyOrMoreChangesNothing) {
   }
 }
 
+TEST_F(PointMeshTest, KeepingPointsMovesThemTogetherWithColoursNormalsAndTriangles) {
+  fill(1);
+  for (int i = 0; i < 12; ++i) {
+    mesh.GetColourStorage()[static_cast<std::size_t>(i)] = static_cast<unsigned char>(i);
+  }
+  ASSERT_TRUE(
+      mesh.SetTriangles({{0, 1, 2}, {3, 1, 2}}, {{0, 0, 1}, {0, 0, 2}, {0, 0, 3}, {0, 0, 4}}));
+  expectBox(nullptr, 1, {-7, -2, -3.5}, {4, 8, 6});
+  mesh.AddContour();
+  mesh.KeepPoints({false, true, true, true});
+  ASSERT_EQ(mesh.GetNumPoints(), 3);
+  EXPECT_EQ(mesh.GetPoint(0), Point3DDouble(4, -2, 6));
+  EXPECT_EQ(mesh.GetPoint(2), Point3DDouble(2, 5, -3.5));
+  EXPECT_EQ(mesh.GetRGBsForPoints()[2][1], 10);
+  ASSERT_EQ(mesh.GetNumTriangles(), 1);
+  PointMesh::Corners corners;
+  ASSERT_TRUE(mesh.GetTriangleCorners(0, corners));
+  EXPECT_EQ(corners, (PointMesh::Corners{2, 0, 1}));
+  const auto* triangle = static_cast<tarn::Triangle*>(mesh.GetTriangles()->at(0));
+  EXPECT_EQ(*triangle->GetNormal(0), Point3DDouble(0, 0, 4));
+  EXPECT_EQ(mesh.GetContours().size(), 0);
+  expectBox(nullptr, 1, {-7, -2, -3.5}, {4, 8, 6});
+  mesh.KeepPoints({true});
+  expectBox(nullptr, 1, {4, -2, 6}, {4, -2, 6});
+}
+
+TEST_F(PointMeshTest, KeepingNoPointLeavesAnEmptyMesh) {
+  fill();
+  mesh.KeepPoints({});
+  EXPECT_EQ(mesh.GetNumPoints(), 0);
+  expectNoBox();
+}
+
 TEST_F(PointMeshTest, APointTakesTwentyBytesAndItsColourElevenMore) {
   constexpr int points = 1'000'000;
   constexpr std::size_t slack = 1 << 16;  // pages and heads of the blocks
