@@ -3,13 +3,12 @@
 #include "host/model/Project.h"
 #include "io/PointCovariance.h"
 #include "io/ReadError.h"
+#include "tests/support/CommaLocale.h"
 #include "tests/support/SyntheticScene.h"
 #include "tests/support/TarnTest.h"
 
-#include <clocale>
 #include <cmath>
 #include <filesystem>
-#include <locale>
 #include <map>
 #include <set>
 
@@ -41,28 +40,6 @@ tarn::Camera& cameraAt(const tarn::Project& project, int i) {
 const tarn::VOrdCollect& marksOf(const tarn::CameraStation& station) {
   return station.GetPhotograph()->GetAllMarkedPoints(0, 0);
 }
-
-// A decimal comma and points between the thousands, as many European locales have them.
-class CommaPunctuation : public std::numpunct<char> {
-  char do_decimal_point() const override { return ','; }
-  char do_thousands_sep() const override { return '.'; }
-  std::string do_grouping() const override { return "\3"; }
-};
-
-class CommaLocale {
-public:
-  CommaLocale() {
-    std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
-    // Where the system has such a locale, C's functions follow it as well.
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8"}) {
-      if (std::setlocale(LC_ALL, name)) break;
-    }
-  }
-  ~CommaLocale() {
-    std::locale::global(std::locale::classic());
-    std::setlocale(LC_ALL, "C");
-  }
-};
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
   for (std::size_t i = 0; (i = text.find(from, i)) != std::string::npos; i += to.size()) {
