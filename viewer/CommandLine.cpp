@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "viewer/CommandLineHelp.h"
+
 #include <algorithm>
 #include <cctype>
 #include <charconv>
@@ -12,48 +14,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr const char* description =
-    "tarnview - shows a photogrammetric project in three dimensions\n"
-    "\n"
-    "PROJECT is the folder of a COLMAP model (cameras, images and points3D, as .bin or\n"
-    ".txt), or the folder above it, in which the model is looked for in sparse/, sparse/0/\n"
-    "and 0/. The photographs are looked for in a folder images/ beside the model.\n"
-    "\n"
-    "Without --render, --write or --nodes a window opens.";
-
-constexpr const char* examples =
-    "Examples:\n"
-    "  tarnview examples/demo\n"
-    "      opens the demo project in a window\n"
-    "  tarnview examples/demo --render demo.png --frusta --labels\n"
-    "      draws it into a picture, with what each camera saw and with names\n"
-    "  tarnview examples/demo --render view.png --view station:station01.jpg --image-planes\n"
-    "      looks through one camera at its photograph, the points drawn over it\n"
-    "  tarnview examples/demo --render close.png --view top --size 3000x3000 --ellipsoids 50\n"
-    "      looks down, error ellipsoids fifty times their size\n"
-    "  tarnview examples/demo --render point.png --highlight point:12\n"
-    "      marks one object point\n"
-    "  tarnview examples/demo --write demo.iv\n"
-    "      writes the scene for any Open Inventor program\n"
-    "  tarnview --nodes\n"
-    "      lists the node classes of the library\n"
-    "\n"
-    "Views: iso, top, front and right frame the object and the cameras, some outliers left\n"
-    "aside. Z is up; where the cameras say otherwise (a model that nobody levelled), up is\n"
-    "what is up in the photographs. station:NAME looks through that camera; the picture then\n"
-    "has the photograph's proportions unless --size is given.\n"
-    "\n"
-    "Image planes show small copies of the photographs, which are kept in\n"
-    "$XDG_CACHE_HOME/tarnview (~/.cache/tarnview); the project's own folders are only read.\n"
-    "\n"
-    "A written scene has no background: the program that shows it has its own.\n"
-    "\n"
-    "In the window: I image planes, F frusta, L labels, B background, a click marks a point or\n"
-    "a camera.\n"
-    "\n"
-    "Exit status: 0 done; 1 the project was refused or a file could not be written, with the\n"
-    "reason on standard error; 2 a wrong call.";
 
 /// A whole number that takes the whole text.
 template <typename Number>
@@ -131,6 +91,14 @@ CommandLine::Background parseBackground(const std::string& text) {
                              "found \"" + text + "\", expected none, plain or gradient");
 }
 
+CommandLine::Color parseColor(const std::string& text) {
+  using Color = CommandLine::Color;
+  if (text == "height") return Color::eHeight;
+  if (text == "rgb") return Color::eRgb;
+  if (text == "none") return Color::eNone;
+  throw CLI::ValidationError("--color", "found \"" + text + "\", expected height, rgb or none");
+}
+
 double parseScale(const std::string& text) {
   double scale = 0.0;
   // Beyond these an ellipsoid has no size that can be drawn.
@@ -169,12 +137,15 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   std::string view;
   std::string highlight;
   std::string background;
+  std::string color;
+  bool noCloud = false;
   std::string ellipsoids;
 
-  CLI::App app(description, "tarnview");
-  app.footer(examples);
+  CLI::App app(CommandLineHelp::description, "tarnview");
+  app.footer(CommandLineHelp::examples);
   app.set_version_flag("--version", "tarnview " TARN_VERSION, "Print the version");
-  app.add_option("PROJECT", commandLine.project, "Folder of a COLMAP model, or the one above it");
+  app.add_option("PROJECT", commandLine.project,
+                 "Folder of a COLMAP model, the one above it, or a PLY file");
   const CLI::Option* renderOption = app.add_option("--render", commandLine.renderFile,
                                                    "Draw into this PNG file, without a window")
                                         ->type_name("FILE");
@@ -193,6 +164,15 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   const CLI::Option* highlightOption =
       app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")
           ->type_name("WHAT");
+  const CLI::Option* cloudOption =
+      app.add_option("--cloud", commandLine.cloud, "Show this dense cloud or mesh, a PLY file")
+          ->type_name("FILE");
+  app.add_flag("--no-cloud", noCloud, "Leave the model's own dense cloud out");
+  const CLI::Option* colorOption =
+      app.add_option("--color", color,
+                     "Colour clouds and meshes by height, in their own colours (rgb) or not at "
+                     "all (none) [rgb where there are colours]")
+          ->type_name("KIND");
   const CLI::Option* backgroundOption =
       app.add_option("--background", background,
                      "none (transparent in a picture), plain or gradient [gradient]")
@@ -207,7 +187,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
-    for (const CLI::Option* option : {renderOption, writeOption}) {
+    for (const CLI::Option* option : {renderOption, writeOption, cloudOption}) {
       if (option->count() > 0 && option->as<std::string>().empty()) {
         throw CLI::ValidationError(option->get_name(), "found \"\", expected a file name");
       }
@@ -215,6 +195,11 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
     if (sizeOption->count() > 0) commandLine.size = parseSize(size);
     if (viewOption->count() > 0) parseView(view, commandLine);
     if (highlightOption->count() > 0) commandLine.highlight = parseHighlight(highlight);
+    if (noCloud && cloudOption->count() > 0) {
+      throw CLI::ValidationError("--no-cloud", "found together with --cloud, expected one of them");
+    }
+    commandLine.findCloud = !noCloud;
+    if (colorOption->count() > 0) commandLine.color = parseColor(color);
     if (backgroundOption->count() > 0) commandLine.background = parseBackground(background);
     if (ellipsoidOption->count() > 0) commandLine.ellipsoidScale = parseScale(ellipsoids);
     checkFiles(commandLine.renderFile, commandLine.writeFile);

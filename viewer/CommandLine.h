@@ -20,6 +20,9 @@ struct CommandLine {
     std::string stationName;
   };
 
+  /// Of dense clouds and meshes.
+  enum class Color { eNone, eRgb, eHeight };
+
   std::string project;       ///< empty when only --nodes was asked for
   std::string renderFile;    ///< a PNG file; empty for no picture
   std::string writeFile;     ///< empty for no scene file
@@ -31,6 +34,9 @@ struct CommandLine {
   bool labels = false;
   std::optional<double> ellipsoidScale;  ///< 1e-9 to 1e9
   std::optional<Highlight> highlight;
+  std::optional<Color> color;
+  std::string cloud;      ///< a PLY file; empty when none is named
+  bool findCloud = true;  ///< whether a model's own dense cloud is looked for
   Background background = Background::eGradient;
   bool listNodes = false;
 

@@ -1,10 +1,18 @@
 #include "viewer/ProjectFile.h"
 
 #include "host/model/Project.h"
+#include "io/ColmapReader.h"
+#include "io/PlyReader.h"
+#include "io/ReadError.h"
+#include "viewer/DenseCloud.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <string_view>
 #include <vector>
+
+namespace fs = std::filesystem;
 
 namespace ProjectFile {
 
@@ -25,12 +33,56 @@ std::string listed(const std::vector<std::string>& names) {
   return text.empty() ? "none" : text;
 }
 
+// What is there that is no PLY file, as far as its first bytes tell.
+std::string describe(const std::string& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  if (!fs::exists(status)) return "nothing";
+  if (fs::is_directory(status)) return "a folder";
+  if (!fs::is_regular_file(status)) return "no ordinary file";
+  std::ifstream stream(path, std::ios::binary);
+  char bytes[16] = {};
+  stream.read(bytes, sizeof bytes);
+  std::string_view begin(bytes, static_cast<std::size_t>(stream.gcount()));
+  if (begin.empty()) return stream.eof() ? "an empty file" : "a file that cannot be read";
+  begin = begin.substr(0, begin.find_first_of("\r\n"));
+  const bool isText =
+      std::ranges::all_of(begin, [](unsigned char c) { return c >= 32 && c < 127; });
+  return isText ? "a file that begins with \"" + std::string(begin) + "\"" : "a binary file";
+}
+
+void readPly(const std::string& path, const char* expected, tarn::Project& project,
+             const tarn::ProgressHandler& progress) {
+  if (!tarn::PlyReader::IsPlyFile(path)) {
+    throw tarn::ReadError::inFile(path, describe(path), expected);
+  }
+  tarn::PlyReader::Read(path, project, progress);
+}
+
 }  // namespace
 
-void open(const std::string& path, tarn::Project& project, const tarn::ProgressHandler& progress) {
-  tarn::ColmapReader::Options options;
-  options.progress = progress;
-  tarn::ColmapReader::Read(path, project, options);
+std::string open(const std::string& path, tarn::Project& project, const Options& options) {
+  std::error_code ignored;
+  const bool isFile = !fs::is_directory(path, ignored);
+  if (isFile) {
+    readPly(path, "the folder of a COLMAP model or a PLY file", project, options.progress);
+  } else {
+    tarn::ColmapReader::Options model;
+    model.progress = options.progress;
+    tarn::ColmapReader::Read(path, project, model);
+  }
+  if (!options.cloud.empty()) {
+    readPly(options.cloud, "a PLY file", project, options.progress);
+    return {};
+  }
+  const std::string found = isFile || !options.findCloud ? "" : DenseCloud::find(path);
+  if (found.empty()) return {};
+  try {
+    readPly(found, "a PLY file", project, options.progress);
+  } catch (const tarn::ReadError& error) {
+    return std::string(error.what()) + "; the dense cloud is left out";
+  }
+  return {};
 }
 
 tarn::CameraStation& findStation(const tarn::Project& project, const std::string& name) {

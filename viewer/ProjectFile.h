@@ -1,6 +1,6 @@
 #pragma once
 
-#include "io/ColmapReader.h"
+#include "io/ProgressHandler.h"
 
 #include <stdexcept>
 #include <string>
@@ -20,9 +20,17 @@ public:
   using std::runtime_error::runtime_error;
 };
 
-/// Reads the project at `path` (a COLMAP model's folder or the one above it). Throws
-/// tarn::ReadError when it is refused.
-void open(const std::string& path, tarn::Project& project, const tarn::ProgressHandler& progress);
+struct Options {
+  std::string cloud;      ///< a PLY file to read besides; empty for none
+  bool findCloud = true;  ///< look for a model's dense cloud where none is named
+  tarn::ProgressHandler progress;
+};
+
+/// Reads what is at `path`: a COLMAP model's folder or the one above it, with its dense cloud,
+/// or a PLY file. What a file is decides its content, not its name. Throws tarn::ReadError when
+/// it is refused.
+/// @return why a dense cloud that was found, not named, is left out; else empty
+std::string open(const std::string& path, tarn::Project& project, const Options& options);
 
 /// The station of that name, or the only one whose picture has that name when folder and
 /// extension are left out. Throws UnknownName.

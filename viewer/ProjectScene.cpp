@@ -15,13 +15,22 @@
 #include "viewer/LabelPlaces.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
+
+// A cloud far from the origin is stored less a shift of whole units, and its transform is
+// exact when the offset is whole, too.
+double rounded(double coordinate) {
+  constexpr double large = 1000.0;
+  return std::abs(coordinate) < large ? coordinate : std::round(coordinate);
+}
 
 // The layers need the view offset from their first node on.
 ViewFraming framingWithOffset(const tarn::Project& project) {
   ViewFraming framing(project);
-  tarn::gThreeDViewOffset = framing.objectExtents().GetCentre();
+  const tarn::Point3DDouble centre = framing.objectExtents().GetCentre();
+  tarn::gThreeDViewOffset = {rounded(centre.x), rounded(centre.y), rounded(centre.z)};
   return framing;
 }
 
@@ -31,11 +40,13 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
     : context(options.progress),
       viewFraming(framingWithOffset(project)),
       stations(project, {options.imagePlanes, options.frusta}, viewFraming, context),
+      meshes(project, options.color, context),
       points(project, options.ellipsoidScale, context),
       sceneRoot(makeNode<SoSeparator>()),
       sceneBackground(*sceneRoot, options.background) {
   addSurroundings(project.GetObjectPoints().size());
   sceneRoot->addChild(stations.root());
+  sceneRoot->addChild(meshes.root());
   sceneRoot->addChild(points.root());
   sceneRoot->addChild(points.onTop());
 }

@@ -7,6 +7,7 @@
 #include "viewer/CommandLine.h"
 #include "viewer/SceneBackground.h"
 #include "viewer/ViewFraming.h"
+#include "viewer/layers/MeshLayer.h"
 #include "viewer/layers/PointLayer.h"
 #include "viewer/layers/SceneContext.h"
 #include "viewer/layers/StationLayer.h"
@@ -20,9 +21,9 @@ class SoCamera;
 /// A project as a scene graph.
 ///
 /// The root's children: the background where it is a gradient, a light and what else holds
-/// for all, the camera, then the layers (camera stations, object points), and last what is
-/// drawn over all else: a point that is marked, which stands there a second time. The light
-/// stands ahead of the camera and so shines from the eye.
+/// for all, the camera, then the layers (camera stations, point meshes, object points), and
+/// last what is drawn over all else: a point that is marked, which stands there a second time.
+/// The light stands ahead of the camera and so shines from the eye.
 ///
 ///     tarn::Project project;
 ///     ProjectFile::open("examples/demo", project, {});
@@ -39,6 +40,7 @@ public:
     bool imagePlanes = false;
     bool frusta = false;
     std::optional<double> ellipsoidScale;
+    std::optional<CommandLine::Color> color;  ///< of clouds and meshes; see MeshLayer::setColor
     SceneBackground::Kind background = SceneBackground::Kind::eGradient;
     tarn::ProgressHandler progress;  ///< may be empty
   };
@@ -74,6 +76,7 @@ public:
   void highlight(tarn::CameraStation& station);
   void clearHighlight();
 
+  void setColor(std::optional<CommandLine::Color> color) { meshes.setColor(color); }
   void setBackground(SceneBackground::Kind kind) { sceneBackground.set(kind); }
 
   SoSeparator* root() const { return sceneRoot.get(); }
@@ -86,6 +89,8 @@ public:
   /// Its colour is for whoever clears the picture or the window.
   const SceneBackground& background() const { return sceneBackground; }
 
+  /// What is not shown as it was asked for; empty when all is.
+  const std::vector<std::string>& notes() const { return meshes.notes(); }
   /// Why photographs could not be shown; empty when all could.
   const std::vector<std::string>& problems() const { return stations.problems(); }
 
@@ -97,6 +102,7 @@ private:
   SceneContext context;
   ViewFraming viewFraming;
   StationLayer stations;
+  MeshLayer meshes;
   PointLayer points;
   NodeRef<SoSeparator> sceneRoot;  // after the layers: it lets their nodes go first
   SceneBackground sceneBackground;

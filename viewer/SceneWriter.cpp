@@ -13,6 +13,7 @@
 #include "host/model/CameraStation.h"
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
+#include "host/model/PointMesh.h"
 #include "nodes/TarnOI.h"
 #include "nodes/framework/SoBackground.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
@@ -127,6 +128,10 @@ private:
       if (object->isA(tarn::ObjectPointCls)) {
         return SceneWriter::legalName(
             "Point_" + std::to_string(static_cast<tarn::ObjectPoint*>(object)->GetNumber()));
+      }
+      if (object->isA(tarn::PointMeshCls)) {
+        return SceneWriter::legalName("Mesh_" +
+                                      static_cast<tarn::PointMesh*>(object)->GetName().str());
       }
       return {};
     }

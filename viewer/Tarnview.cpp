@@ -81,12 +81,18 @@ public:
 
   int carryOut(const Tarnview::Window& window) {
     const auto report = [this](const char* step, double done) { progress.report(step, done); };
-    ProjectFile::open(commandLine.project, project, report);
+    ProjectFile::Options input;
+    input.cloud = commandLine.cloud;
+    input.findCloud = commandLine.findCloud;
+    input.progress = report;
+    const std::string cloudProblem = ProjectFile::open(commandLine.project, project, input);
+    if (!cloudProblem.empty()) say(cloudProblem);
     resolveNames();
     ProjectScene::Options options;
     options.imagePlanes = commandLine.imagePlanes;
     options.frusta = commandLine.frusta;
     options.ellipsoidScale = commandLine.ellipsoidScale;
+    options.color = commandLine.color;
     options.background = commandLine.background;
     options.progress = report;
     ProjectScene scene(project, options);
@@ -109,6 +115,7 @@ public:
       scene.setView(commandLine.view, static_cast<double>(size.width) / size.height);
     }
     progress.clear();
+    for (const std::string& note : scene.notes()) say(note);
     Tarnview::tellProblems(scene.problems(), 0, errors);
     if (commandLine.wantsWindow()) {
       progress.clear();

@@ -96,6 +96,19 @@ SbRotation rotationOf(const ViewFraming::Axes& axes) {
   return SbRotation(matrix);
 }
 
+// Some of a mesh's points, spread over it: enough for its box. One out of each so many, but
+// not at the same place among them: points often come in rows.
+void sample(const tarn::PointMesh& mesh, std::vector<Point>& points) {
+  constexpr int enough = 50'000;
+  const int step = mesh.GetNumPoints() / enough + 1;
+  const int steps = mesh.GetNumPoints() / step;
+  for (int i = 0; i < steps; ++i) {
+    const int place = static_cast<int>((static_cast<unsigned>(i) * 2654435761U >> 8) %
+                                       static_cast<unsigned>(step));
+    points.push_back(mesh.GetModelPoint(i * step + place));
+  }
+}
+
 }  // namespace
 
 ViewFraming::ViewFraming(const tarn::Project& project) {
@@ -105,6 +118,10 @@ ViewFraming::ViewFraming(const tarn::Project& project) {
     tarn::Point3DRandom position;
     const auto* point = static_cast<tarn::ObjectPoint*>(objectPoints.at(i));
     if (point->GetApproximation(position)) points.push_back(position.position());
+  }
+  const tarn::VOrdCollect& meshes = project.GetPointMeshes();
+  for (int i = 0; i < meshes.size(); ++i) {
+    sample(*static_cast<tarn::PointMesh*>(meshes.at(i)), points);
   }
   std::vector<Point> stations;
   const tarn::VOrdCollect& allStations = project.GetCameraStations();

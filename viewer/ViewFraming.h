@@ -23,11 +23,12 @@ class Project;
 /// viewer frame.
 class ViewFraming {
 public:
-  /// Looks at the project's object points and oriented stations.
+  /// Looks at the project's object points, oriented stations and point meshes (of large ones
+  /// at every so manyth point).
   explicit ViewFraming(const tarn::Project& project);
 
-  /// The box of the object points without outliers; of the stations when there are no
-  /// points.
+  /// The box of the object points and meshes without outliers; of the stations when there are
+  /// no points.
   const tarn::Extents& objectExtents() const { return extents; }
   /// The length of that box's diagonal; 1 when it has none.
   double objectDiagonal() const { return diagonal; }
@@ -47,6 +48,8 @@ public:
   /// direction, and do not look down along Z), up is what is up for the stations, and front
   /// looks the way they do.
   Axes axes(CommandLine::View view) const;
+  /// Whether up is Z.
+  bool isZUp() const { return upright().up.z > 0.999; }
 
   /// A camera for the view that holds points and stations, with some air around: a
   /// perspective one for iso, parallel ones for the others. `aspect` is width by height of

@@ -33,6 +33,9 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
   EXPECT_FALSE(line.ellipsoidScale.has_value());
   EXPECT_FALSE(line.highlight.has_value());
   EXPECT_EQ(line.background, CommandLine::Background::eGradient);
+  EXPECT_FALSE(line.color.has_value());
+  EXPECT_EQ(line.cloud, "");
+  EXPECT_TRUE(line.findCloud);
 }
 
 TEST_F(CommandLineTest, EveryOptionIsTaken) {
@@ -83,6 +86,24 @@ TEST_F(CommandLineTest, BackgroundsAreKnownByName) {
   }
 }
 
+TEST_F(CommandLineTest, ColoursAreKnownByName) {
+  using Color = CommandLine::Color;
+  EXPECT_EQ(accepted({"p", "--color", "height"}).color, Color::eHeight);
+  EXPECT_EQ(accepted({"p", "--color", "rgb"}).color, Color::eRgb);
+  EXPECT_EQ(accepted({"p", "--color=none"}).color, Color::eNone);
+  for (const char* kind : {"red", "RGB", "z"}) {
+    EXPECT_THAT(refused({"p", "--color", kind}), HasSubstr("--color: found \"" + std::string(kind) +
+                                                           "\", expected height, rgb or none"));
+  }
+}
+
+TEST_F(CommandLineTest, CloudIsNamedOrLeftOutButNotBoth) {
+  EXPECT_EQ(accepted({"p", "--cloud", "a b.ply"}).cloud, "a b.ply");
+  EXPECT_FALSE(accepted({"p", "--no-cloud"}).findCloud);
+  EXPECT_THAT(refused({"p", "--no-cloud", "--cloud", "c.ply"}),
+              HasSubstr("--no-cloud: found together with --cloud, expected one of them"));
+}
+
 TEST_F(CommandLineTest, NodesNeedNoProject) {
   const CommandLine line = accepted({"--nodes"});
   EXPECT_TRUE(line.listNodes);
@@ -100,8 +121,8 @@ TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
 }
 
 TEST_F(CommandLineTest, EmptyValuesAreRefused) {
-  for (const char* option :
-       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids", "--background"}) {
+  for (const char* option : {"--size", "--view", "--highlight", "--render", "--write",
+                             "--ellipsoids", "--background", "--color", "--cloud"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }

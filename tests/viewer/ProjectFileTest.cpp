@@ -5,6 +5,8 @@
 #include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 
+#include <filesystem>
+
 class ProjectFileTest : public TarnTest {
 protected:
   ProjectFileTest() {
@@ -23,6 +25,9 @@ protected:
     return "nothing was refused";
   }
 
+  const std::string onePoint =
+      "ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty float y\n"
+      "property float z\nend_header\n1 2 3\n";
   tarn::Project project;
   TemporaryFolder folder;
 };
@@ -64,12 +69,63 @@ TEST_F(ProjectFileTest, ProjectWithoutPointsSaysNone) {
 TEST_F(ProjectFileTest, PathThatIsNoModelIsNamed) {
   const std::string absent = folder.file("absent");
   EXPECT_EQ(refusal([&] { ProjectFile::open(absent, project, {}); }),
-            absent + ": found nothing, expected a folder with a COLMAP model");
-  const std::string file = folder.write("file.txt", "text");
-  EXPECT_EQ(refusal([&] { ProjectFile::open(file, project, {}); }),
-            file + ": found a file, expected a folder with a COLMAP model");
+            absent + ": found nothing, expected the folder of a COLMAP model or a PLY file");
   EXPECT_THAT(refusal([&] { ProjectFile::open(folder.path(), project, {}); }),
               ::testing::StartsWith(folder.path() + ": found no COLMAP model, expected cameras"));
+}
+
+TEST_F(ProjectFileTest, FileIsWhatItsContentSaysWhateverItsName) {
+  const std::string ply = folder.write("points.txt", onePoint);
+  ProjectFile::open(ply, project, {});
+  ASSERT_EQ(project.GetPointMeshes().size(), 1);
+  EXPECT_EQ(static_cast<tarn::PointMesh*>(project.GetPointMeshes().at(0))->GetNumPoints(), 1);
+  const auto refused = [&](const char* name, const std::string& content) {
+    const std::string file = folder.write(name, content);
+    return refusal([&] { ProjectFile::open(file, project, {}); }).substr(file.size());
+  };
+  const std::string expected = ", expected the folder of a COLMAP model or a PLY file";
+  EXPECT_EQ(refused("a.ply", "plywood, birch, 12 mm"),
+            ": found a file that begins with \"plywood, birch, \"" + expected);
+  EXPECT_EQ(refused("b.ply", "# OBJ\nv 1 2 3\n"),
+            ": found a file that begins with \"# OBJ\"" + expected);
+  EXPECT_EQ(refused("c.ply", "\x89PNG\r\n"), ": found a binary file" + expected);
+  EXPECT_EQ(refused("d.ply", ""), ": found an empty file" + expected);
+  EXPECT_EQ(project.GetPointMeshes().size(), 1);
+}
+
+TEST_F(ProjectFileTest, CloudOfAModelIsFoundOrNamedOrLeftOut) {
+  std::filesystem::copy(SourceTree::file("examples/demo/sparse"), folder.file("sparse"));
+  folder.write("dense/fused.ply", onePoint);
+  const std::string other = folder.write("other", onePoint + "1 2 3\n");
+  const auto points = [&](const ProjectFile::Options& options) {
+    tarn::Project opened;
+    EXPECT_EQ(ProjectFile::open(folder.path(), opened, options), "");
+    int all = 0;
+    for (int i = 0; i < opened.GetPointMeshes().size(); ++i) {
+      all += static_cast<tarn::PointMesh*>(opened.GetPointMeshes().at(i))->GetNumPoints();
+    }
+    return all;
+  };
+  EXPECT_EQ(points({}), 1);
+  EXPECT_EQ(points({other, true, {}}), 1);
+  EXPECT_EQ(points({"", false, {}}), 0);
+  EXPECT_EQ(takeWarnings().size(), 1U) << "the second file has more than it says";
+}
+
+TEST_F(ProjectFileTest, NamedCloudThatIsNoneIsRefusedAndOneThatWasFoundIsLeftOut) {
+  std::filesystem::copy(SourceTree::file("examples/demo/sparse"), folder.file("sparse"));
+  const std::string bad = folder.write("fused.ply", "ply\nnonsense\n");
+  tarn::Project demo;
+  const std::string problem = ProjectFile::open(folder.path(), demo, {});
+  EXPECT_THAT(problem, ::testing::StartsWith(bad + ":2: found "));
+  EXPECT_THAT(problem, ::testing::EndsWith("; the dense cloud is left out"));
+  EXPECT_EQ(demo.GetCameraStations().size(), 12);
+  for (const std::string& named : {bad, folder.file("sparse"), folder.file("absent")}) {
+    ProjectFile::Options options;
+    options.cloud = named;
+    EXPECT_THAT(refusal([&] { ProjectFile::open(folder.path(), project, options); }),
+                ::testing::StartsWith(named + ":"));
+  }
 }
 
 TEST_F(ProjectFileTest, FileThatAModelLacksIsNamed) {

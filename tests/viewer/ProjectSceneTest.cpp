@@ -47,8 +47,8 @@ protected:
 
 TEST_F(ProjectSceneTest, EveryLayerIsASwitchOverALayerSeparator) {
   ProjectScene scene(project);
-  EXPECT_EQ(count(scene.root(), TarnOISwitch::getClassTypeId()), 2);
-  EXPECT_EQ(count(scene.root(), TarnOILayerSeparator::getClassTypeId()), 2);
+  EXPECT_EQ(count(scene.root(), TarnOISwitch::getClassTypeId()), 3);
+  EXPECT_EQ(count(scene.root(), TarnOILayerSeparator::getClassTypeId()), 3);
   EXPECT_EQ(count(scene.root(), TarnOICameraStationSeparator::getClassTypeId()), 12);
   EXPECT_EQ(count(scene.root(), TarnOIObjectPointSeparator::getClassTypeId()),
             project.GetObjectPoints().size());
@@ -73,6 +73,16 @@ TEST_F(ProjectSceneTest, ViewOffsetIsTheMiddleOfTheProject) {
   EXPECT_NEAR(offset.x, 120.0, 1.0);
   EXPECT_NEAR(offset.y, 250.0, 1.0);
   EXPECT_NEAR(offset.z, 32.0, 1.0);
+}
+
+TEST_F(ProjectSceneTest, ViewOffsetFarFromTheOriginIsWhole) {
+  tarn::Project far;
+  for (int i = 0; i < 2; ++i) {
+    far.AddObjectPoint().SetApproximation(
+        tarn::Point3DRandom({500000.25 + i, -4600000.125 + i, 12.5 + i}));
+  }
+  ProjectScene scene(far);
+  EXPECT_EQ(tarn::gThreeDViewOffset, tarn::Point3DDouble(500001.0, -4600000.0, 13.0));
 }
 
 TEST_F(ProjectSceneTest, NewViewReplacesTheCamera) {

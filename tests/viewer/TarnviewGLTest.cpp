@@ -6,7 +6,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <iterator>
+#include <set>
 #include <sstream>
 #include <sys/wait.h>
 
@@ -148,8 +150,9 @@ TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
 TEST_F(TarnviewGLTest, RefusedProjectEndsWithOne) {
   const Result result = tarnview("/nowhere --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.errors,
-            "tarnview: /nowhere: found nothing, expected a folder with a COLMAP model\n");
+  EXPECT_EQ(
+      result.errors,
+      "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model or a PLY file\n");
 }
 
 TEST_F(TarnviewGLTest, PictureThatCannotBeWrittenEndsWithOne) {
@@ -235,12 +238,90 @@ TEST_F(TarnviewGLTest, ImagePlanesLeaveTheProjectFolderAsItWas) {
   EXPECT_TRUE(std::filesystem::exists(folder.file("cache/tarnview/photographs")));
 }
 
+// A bowl of triangles, 20 by 20 units, with a colour for each point; moved by the shift.
+std::string bowl(double shiftX, double shiftY, double shiftZ) {
+  constexpr int side = 21;
+  std::ostringstream ply;
+  ply << std::setprecision(17) << "ply\nformat ascii 1.0\nelement vertex " << side * side
+      << "\nproperty double x\nproperty double y\nproperty double z\nproperty uchar red\n"
+         "property uchar green\nproperty uchar blue\nelement face "
+      << 2 * (side - 1) * (side - 1) << "\nproperty list uchar int vertex_indices\nend_header\n";
+  for (int i = 0; i < side * side; ++i) {
+    const int x = i % side;
+    const int y = i / side;
+    const double z = 0.03125 * ((x - 10) * (x - 10) + (y - 10) * (y - 10));
+    ply << x + shiftX << ' ' << y + shiftY << ' ' << z + shiftZ << ' ' << 12 * x << ' ' << 12 * y
+        << " 128\n";
+  }
+  for (int i = 0; i < side * side; ++i) {
+    if (i % side == side - 1 || i / side == side - 1) continue;
+    ply << "3 " << i << ' ' << i + 1 << ' ' << i + side << "\n3 " << i + 1 << ' ' << i + side + 1
+        << ' ' << i + side << '\n';
+  }
+  return ply.str();
+}
+
+TEST_F(TarnviewGLTest, SurfaceFarFromTheOriginLooksAsItDoesNearIt) {
+  folder.write("near.ply", bowl(0.0, 0.0, 0.0));
+  folder.write("far.ply", bowl(512000.0, 5000000.0, 0.0));
+  for (const std::string name : {"near", "far"}) {
+    const Result result = tarnview(quoted(name + ".ply") + " --size 160x120 --color height " +
+                                   "--render " + quoted(name + ".png"));
+    ASSERT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.errors, "");
+  }
+  const Picture near = Picture::read(folder.file("near.png"));
+  const Picture far = Picture::read(folder.file("far.png"));
+  int different = 0;
+  for (std::size_t i = 0; i < near.bytes.size(); ++i) {
+    different += std::abs(static_cast<int>(near.bytes[i]) - static_cast<int>(far.bytes[i])) > 8;
+  }
+  // The camera's own place is rounded differently, by millionths of a unit.
+  EXPECT_LT(different, 100);
+  std::set<std::vector<int>> colours;
+  for (int y = 0; y < near.height; ++y) {
+    for (int x = 0; x < near.width; ++x) {
+      const std::uint8_t* pixel = near.at(x, y);
+      colours.insert({pixel[0], pixel[1], pixel[2]});
+    }
+  }
+  EXPECT_GT(colours.size(), 500U) << "the surface is not shaded";
+}
+
+TEST_F(TarnviewGLTest, CloudIsShownWithAModel) {
+  folder.write("cloud.ply", bowl(0.0, 0.0, 0.0));
+  const std::string render = " --size 80x60 --render ";
+  ASSERT_EQ(tarnview(demo + render + quoted("without.png")).status, 0);
+  const Result result =
+      tarnview(demo + " --cloud " + quoted("cloud.ply") + render + quoted("a.png"));
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_NE(Picture::read(folder.file("a.png")).bytes,
+            Picture::read(folder.file("without.png")).bytes);
+  const Result refused = tarnview(demo + " --cloud " + quoted("a.png") + render + quoted("b.png"));
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.errors, HasSubstr(": found a binary file, expected a PLY file"));
+}
+
+TEST_F(TarnviewGLTest, ColoursThatAreNotThereAreMissedButNoError) {
+  folder.write("grey.ply",
+               "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\n"
+               "property float z\nend_header\n1 2 3\n4 5 7\n");
+  const Result result =
+      tarnview(quoted("grey.ply") + " --color rgb --size 40x30 --render " + quoted("a.png"));
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors,
+            "tarnview: \"grey\" has no colours of its own; --color height shows it by height\n");
+}
+
 // The written scene is read by a program that knows nothing of this library and drawn by
 // the same renderer: the pictures are the same but for the point symbols, which are
 // Inventor's own there.
 TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
-  for (const char* options : {"--image-planes --frusta", "--labels --highlight station:station08",
-                              "--ellipsoids 30 --view top"}) {
+  folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
+  for (const std::string& options :
+       {std::string("--image-planes --frusta"),
+        std::string("--labels --highlight station:station08"),
+        std::string("--ellipsoids 30 --view top"), "--cloud " + quoted("bowl.ply")}) {
     const Result written =
         tarnview(demo + " --size 400x300 --background plain --render " + quoted("ours.png") +
                  " --write " + quoted("scene.iv") + " " + options);

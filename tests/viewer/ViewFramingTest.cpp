@@ -64,6 +64,40 @@ TEST_F(ViewFramingTest, BoxLeavesAFewOutliersAside) {
   EXPECT_EQ(high, Point3DDouble(110.0, 55.0, 22.5));
 }
 
+TEST_F(ViewFramingTest, BoxHoldsPointMeshesWhereTheyStandWithoutTheirOutliers) {
+  tarn::PointMesh& mesh = project.AddPointMesh();
+  constexpr int count = 200'000;  // more than are looked at
+  mesh.Allocate(count, 0);
+  const std::span<float> xyz = mesh.GetPointStorage();
+  for (std::size_t i = 0; i < count; ++i) {
+    xyz[3 * i] = static_cast<float>(i % 100);
+    xyz[3 * i + 1] = static_cast<float>(i / 100 % 50);
+    xyz[3 * i + 2] = i % 1009 == 0 ? -1e6F : static_cast<float>(i % 7);
+  }
+  tarn::BasicAffine shift;
+  shift.SetTranslation({}, {5e6, 1000.0, 0.0});
+  mesh.SetLocalAffine(shift);
+  const ViewFraming framing(project);
+  Point3DDouble low;
+  Point3DDouble high;
+  ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
+  EXPECT_NEAR((low - Point3DDouble(5e6, 1000.0, 0.0)).length(), 0.0, 2.0);
+  EXPECT_NEAR((high - Point3DDouble(5e6 + 99.0, 1049.0, 6.0)).length(), 0.0, 2.0);
+}
+
+TEST_F(ViewFramingTest, UpIsZUnlessTheStationsStandUprightAboutAnotherDirection) {
+  addBlock();
+  EXPECT_TRUE(ViewFraming(project).isZUp());
+  addStation({100.0, 30.0, 25.0}, {1, 0, 0}, {0, 0, 1}, {0, -1, 0});
+  EXPECT_TRUE(ViewFraming(project).isZUp());
+  tarn::Project unlevelled;
+  tarn::MatrixDouble rotation = tarn::MatrixDouble::Identity(3);
+  rotation(2, 2) = -1.0;
+  rotation(3, 3) = -1.0;
+  unlevelled.AddCameraStation().SetOrientation({1.0, 2.0, 3.0}, rotation);
+  EXPECT_FALSE(ViewFraming(unlevelled).isZUp());
+}
+
 TEST_F(ViewFramingTest, OfAFewPointsNoneIsAnOutlier) {
   addPoint(0.0, 0.0, 0.0);
   addPoint(1.0, 2.0, 3.0);
