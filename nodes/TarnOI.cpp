@@ -20,7 +20,9 @@
 #include "nodes/hud/TarnOIColorizeScaleHUD.h"
 #include "nodes/hud/TarnOIDSMCutterHUD.h"
 #include "nodes/hud/TarnOIDSMProfileHUD.h"
+#include "nodes/lines/TarnOIAxisSeparator.h"
 #include "nodes/lines/TarnOIEdgeSeparator.h"
+#include "nodes/lines/TarnOIGroundPlaneSeparator.h"
 #include "nodes/lines/TarnOILineSeparator.h"
 #include "nodes/meshes/TarnOIContourSeparator.h"
 #include "nodes/meshes/TarnOIPointMeshSeparator.h"
@@ -74,6 +76,10 @@ constexpr std::array table = {
                                "a line, with a dashed 3D extension"),
     entry<TarnOIEdgeSeparator>("TarnOIEdgeSeparator", "TarnOISeparator",
                                "an edge, with a dashed 3D extension"),
+    entry<TarnOIAxisSeparator>("TarnOIAxisSeparator", "TarnOISeparator",
+                               "the model's axes as a cross with letters"),
+    entry<TarnOIGroundPlaneSeparator>("TarnOIGroundPlaneSeparator", "TarnOISeparator",
+                                      "a translucent rectangle under the project"),
     entry<TarnOIPointMeshSeparator>("TarnOIPointMeshSeparator", "TarnOISeparator",
                                     "a point cloud or mesh: colours, heights, sub-selections"),
     entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",

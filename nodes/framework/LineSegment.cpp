@@ -33,6 +33,9 @@ SoCoordinate3* LineSegment::findOrAppend(SoGroup& node, const char* className, i
 }
 
 void LineSegment::place(SoCoordinate3& coordinates, const Ends& ends) {
-  const std::array shown = {ViewerFrame::fromModel(ends[0]), ViewerFrame::fromModel(ends[1])};
+  place(coordinates, std::array{ViewerFrame::fromModel(ends[0]), ViewerFrame::fromModel(ends[1])});
+}
+
+void LineSegment::place(SoCoordinate3& coordinates, const std::array<SbVec3f, 2>& shown) {
   coordinates.point.setValues(0, static_cast<int>(shown.size()), shown.data());
 }

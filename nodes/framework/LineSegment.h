@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Inventor/SbVec3f.h>
+
 #include "host/general/Point3DDouble.h"
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/NodeRef.h"
@@ -31,5 +33,7 @@ TARNOI_EXPORT SoCoordinate3* findOrAppend(SoGroup& node, const char* className, 
 
 /// Writes the ends, brought into the viewer frame, as the first two coordinates.
 TARNOI_EXPORT void place(SoCoordinate3& coordinates, const Ends& ends);
+/// The same of ends that are in the viewer frame already.
+TARNOI_EXPORT void place(SoCoordinate3& coordinates, const std::array<SbVec3f, 2>& shown);
 
 }  // namespace LineSegment

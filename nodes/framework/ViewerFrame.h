@@ -11,12 +11,20 @@
 /// computed in double and stored as float.
 namespace ViewerFrame {
 
-/// viewer_from_model of a point.
-inline SbVec3f fromModel(const tarn::Point3DDouble& point) {
+/// viewer_from_model of a point, before it is stored.
+inline tarn::Point3DDouble exactFromModel(const tarn::Point3DDouble& point) {
   const tarn::Point3DDouble& offset = tarn::gThreeDViewOffset;
-  return SbVec3f(static_cast<float>(point.x - offset.x), static_cast<float>(point.z - offset.z),
-                 static_cast<float>(-(point.y - offset.y)));
+  return {point.x - offset.x, point.z - offset.z, -(point.y - offset.y)};
 }
+
+/// A point of the viewer frame as a scene stores it.
+inline SbVec3f stored(const tarn::Point3DDouble& point) {
+  return SbVec3f(static_cast<float>(point.x), static_cast<float>(point.y),
+                 static_cast<float>(point.z));
+}
+
+/// viewer_from_model of a point.
+inline SbVec3f fromModel(const tarn::Point3DDouble& point) { return stored(exactFromModel(point)); }
 
 /// model_from_viewer of a point.
 inline tarn::Point3DDouble toModel(const SbVec3f& point) {

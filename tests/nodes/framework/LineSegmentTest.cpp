@@ -55,6 +55,14 @@ TEST_F(LineSegmentTest, TheEndsAreShownInTheViewerFrame) {
   EXPECT_EQ(coordinates->point[1], SbVec3f(-14.5F, -24.125F, -25.75F));
 }
 
+TEST_F(LineSegmentTest, EndsThatAreInTheViewerFrameAlreadyAreWrittenAsTheyAre) {
+  SoCoordinate3* coordinates = LineSegment::append(*node);
+  LineSegment::place(*coordinates, std::array{SbVec3f(1, 2, 3), SbVec3f(4, 5, 6)});
+  ASSERT_EQ(coordinates->point.getNum(), 2);
+  EXPECT_EQ(coordinates->point[0], SbVec3f(1, 2, 3));
+  EXPECT_EQ(coordinates->point[1], SbVec3f(4, 5, 6));
+}
+
 TEST_F(LineSegmentTest, FurtherCoordinatesStay) {
   SoCoordinate3* coordinates = LineSegment::append(*node);
   coordinates->point.set1Value(2, SbVec3f(1, 2, 3));

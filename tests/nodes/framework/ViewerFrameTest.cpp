@@ -16,6 +16,12 @@ TEST_F(ViewerFrameTest, TheOffsetIsTakenOffInDouble) {
             SbVec3f(0.0625F, 0.25F, -0.125F));
 }
 
+TEST_F(ViewerFrameTest, BeforeItIsStoredAPointIsDouble) {
+  const tarn::Point3DDouble point = ViewerFrame::exactFromModel({0.1, 0.2, 0.3});
+  EXPECT_EQ(point, tarn::Point3DDouble(0.1 - 10.5, 0.3 - 30.125, -(0.2 + 20.25)));
+  EXPECT_EQ(ViewerFrame::stored(point), ViewerFrame::fromModel({0.1, 0.2, 0.3}));
+}
+
 TEST_F(ViewerFrameTest, AScenePointGoesBackToTheModel) {
   const tarn::Point3DDouble point = ViewerFrame::toModel(SbVec3f(1, 2, 3));
   EXPECT_EQ(point, tarn::Point3DDouble(1 + 10.5, -3 - 20.25, 2 + 30.125));
