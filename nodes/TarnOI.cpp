@@ -26,7 +26,12 @@
 #include "nodes/lines/TarnOILineSeparator.h"
 #include "nodes/meshes/TarnOIContourSeparator.h"
 #include "nodes/meshes/TarnOIPointMeshSeparator.h"
+#include "nodes/points/TarnOIAffineObjectSeparator.h"
+#include "nodes/points/TarnOICheckPointSeparator.h"
+#include "nodes/points/TarnOIImportedPointSeparator.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
+#include "nodes/points/TarnOIOffsetPointSeparator.h"
+#include "nodes/points/TarnOIThreeDPointsSeparator.h"
 
 #include <array>
 #include <ranges>
@@ -70,6 +75,17 @@ constexpr std::array table = {
                                 "fills the viewport with a gradient of two colours"),
     entry<TarnOIObjectPointSeparator>("TarnOIObjectPointSeparator", "TarnOISeparator",
                                       "an object point: marker, colour, label and error ellipsoid"),
+    entry<TarnOIOffsetPointSeparator>("TarnOIOffsetPointSeparator", "TarnOISeparator",
+                                      "a point at an offset from an object point, with its label"),
+    entry<TarnOICheckPointSeparator>("TarnOICheckPointSeparator", "TarnOISeparator",
+                                     "a check point"),
+    entry<TarnOIThreeDPointsSeparator>("TarnOIThreeDPointsSeparator", "TarnOISeparator",
+                                       "a point that the host derives from an object"),
+    entry<TarnOIImportedPointSeparator>("TarnOIImportedPointSeparator", "TarnOISeparator",
+                                        "an imported point: point or sphere, label"),
+    entry<TarnOIAffineObjectSeparator>("TarnOIAffineObjectSeparator", "TarnOISeparator",
+                                       "a point of the project's coordinate system: point or "
+                                       "sphere"),
     entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
                                         "a camera station: symbol, frustum, photograph, label"),
     entry<TarnOILineSeparator>("TarnOILineSeparator", "TarnOISeparator",

@@ -25,6 +25,16 @@ void addBoxes(Extents& extents, const VOrdCollect& meshes, BasicAffine* affine, 
     extents.Add(maximum);
   }
 }
+
+// The one object of the collection for which the condition holds, the first of several.
+template <typename Object, typename Condition>
+Object* found(const VOrdCollect& all, Condition holds) {
+  for (int i = 0; i < all.size(); ++i) {
+    auto* object = static_cast<Object*>(all.at(i));
+    if (holds(*object)) return object;
+  }
+  return nullptr;
+}
 }  // namespace
 
 Project::Project() = default;
@@ -51,22 +61,31 @@ PointMesh& Project::AddPointMesh(std::unique_ptr<PointMesh> mesh) {
   return added;
 }
 
+OffsetPoint& Project::AddOffsetPoint() { return added(_offsetPoints, _allOffsetPoints); }
+
+CheckPoint& Project::AddCheckPoint() { return added(_checkPoints, _allCheckPoints); }
+
+ThreeDPointFromTarnObject& Project::AddThreeDPoint() {
+  return added(_threeDPoints, _allThreeDPoints);
+}
+
+AffineObjectNPoint& Project::AddAffineObjectNPoint() {
+  return added(_affineObjectNPoints, _allAffineObjects);
+}
+
 ObjectPoint* Project::FindObjectPoint(long number) const {
-  const VOrdCollect& points = GetObjectPoints();
-  for (int i = 0; i < points.size(); ++i) {
-    auto* point = static_cast<ObjectPoint*>(points.at(i));
-    if (point->GetNumber() == number) return point;
-  }
-  return nullptr;
+  return found<ObjectPoint>(GetObjectPoints(),
+                            [number](const auto& point) { return point.GetNumber() == number; });
+}
+
+ImportedPoint* Project::FindImportedPoint(std::string_view name) const {
+  return found<ImportedPoint>(GetImportedPoints(),
+                              [name](const auto& point) { return point.GetName().str() == name; });
 }
 
 CameraStation* Project::FindCameraStation(std::string_view name) const {
-  const VOrdCollect& stations = GetCameraStations();
-  for (int i = 0; i < stations.size(); ++i) {
-    auto* station = static_cast<CameraStation*>(stations.at(i));
-    if (station->GetName().str() == name) return station;
-  }
-  return nullptr;
+  return found<CameraStation>(
+      GetCameraStations(), [name](const auto& station) { return station.GetName().str() == name; });
 }
 
 BasicAffine* Project::GetAffineTransform(int) const { return _affine; }
@@ -84,18 +103,32 @@ void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withS
   };
   // By way of the virtual collections: a project that answers from its own model need
   // not answer this too.
-  Point3DRandom position;
+  const auto addPoints = [&add](const VOrdCollect& points, bool onlyProcessed) {
+    Point3DRandom position;
+    for (int i = 0; i < points.size(); ++i) {
+      const auto* point = static_cast<const ThreeDPoint*>(points.at(i));
+      if (onlyProcessed && !point->IsProcessed()) continue;
+      if (point->GetApproximation(position)) add(position.position());
+    }
+  };
+  addPoints(GetOffsetPoints(), processedOnly);
+  for (const VOrdCollect* points : {&GetImportedPoints(), &GetCheckPoints(), &GetThreeDPoints()}) {
+    addPoints(*points, false);
+  }
   const VOrdCollect& objectPoints = GetObjectPoints();
   for (int i = 0; i < objectPoints.size(); ++i) {
     const auto* point = static_cast<const ObjectPoint*>(objectPoints.at(i));
+    Point3DRandom position;
     if (point->HasUsablePosition(processedOnly) && point->GetApproximation(position)) {
       add(position.position());
     }
   }
-  const VOrdCollect& importedPoints = GetImportedPoints();
-  for (int i = 0; i < importedPoints.size(); ++i) {
-    const auto* point = static_cast<const ImportedPoint*>(importedPoints.at(i));
-    if (point->GetApproximation(position)) add(position.position());
+  const VOrdCollect& affineObjects = GetAffineObjects();
+  for (int i = 0; i < affineObjects.size(); ++i) {
+    const VObject* object = affineObjects.at(i);
+    if (!object->isA(AffineObjectNPointCls)) continue;
+    const auto* point = static_cast<const AffineObjectNPoint*>(object);
+    if (point->HasPosition()) add(point->GetPosition());
   }
   addBoxes(extents, GetPointMeshes(), affine, 0);
   if (!withStations) return;

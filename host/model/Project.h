@@ -2,17 +2,21 @@
 
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VOrdCollect.h"
+#include "host/model/AffineObjectNPoint.h"
 #include "host/model/BasicAffine.h"
 #include "host/model/Camera.h"
 #include "host/model/CameraStation.h"
+#include "host/model/CheckPoint.h"
 #include "host/model/Edge.h"
 #include "host/model/Extents.h"
 #include "host/model/ImportedPoint.h"
 #include "host/model/Line.h"
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
+#include "host/model/OffsetPoint.h"
 #include "host/model/PhotoCollection.h"
 #include "host/model/PointMesh.h"
+#include "host/model/ThreeDPointFromTarnObject.h"
 #include "host/model/Units.h"
 
 #include <deque>
@@ -43,6 +47,10 @@ public:
   PointMesh& AddPointMesh();
   /// Adds a mesh that was filled before.
   PointMesh& AddPointMesh(std::unique_ptr<PointMesh> mesh);
+  OffsetPoint& AddOffsetPoint();
+  CheckPoint& AddCheckPoint();
+  ThreeDPointFromTarnObject& AddThreeDPoint();
+  AffineObjectNPoint& AddAffineObjectNPoint();
 
   virtual const VOrdCollect& GetCameras() const { return _allCameras; }
   virtual const VOrdCollect& GetCameraStations() const { return _allStations; }
@@ -51,12 +59,18 @@ public:
   virtual const VOrdCollect& GetLines() const { return _allLines; }
   virtual const VOrdCollect& GetEdges() const { return _allEdges; }
   virtual const VOrdCollect& GetPointMeshes() const { return _allPointMeshes; }
+  virtual const VOrdCollect& GetOffsetPoints() const { return _allOffsetPoints; }
+  virtual const VOrdCollect& GetCheckPoints() const { return _allCheckPoints; }
+  /// The points that were derived from objects of the model (ThreeDPointFromTarnObject).
+  virtual const VOrdCollect& GetThreeDPoints() const { return _allThreeDPoints; }
+  virtual const VOrdCollect& GetAffineObjects() const { return _allAffineObjects; }
   virtual PhotoCollection* GetPhotoCollection() { return &_photographs; }
   const PhotoCollection& photographs() const { return _photographs; }
 
-  /// The object point of that number, the station of that name; null when there is
-  /// none. Linear.
+  /// The object point of that number, the imported point or station of that name; null
+  /// when there is none. Linear.
   ObjectPoint* FindObjectPoint(long number) const;
+  ImportedPoint* FindImportedPoint(std::string_view name) const;
   CameraStation* FindCameraStation(std::string_view name) const;
 
   /// The transform that brings the project into its own coordinate system; null
@@ -84,8 +98,8 @@ public:
   /// Grows `extents` to hold everything that has a position, each point brought through
   /// `affine` first, in its direction of conversion (null, or one that cannot be set up:
   /// as it is); points of meshes are taken in the model. `withStations` non-zero counts oriented
-  /// camera stations, `processedOnly` non-zero leaves out object points that the adjustment did not
-  /// compute.
+  /// camera stations, `processedOnly` non-zero leaves out object points that the adjustment did
+  /// not compute, and offset points from such.
   virtual void GetProjectExtents(Extents& extents, BasicAffine* affine, int withStations,
                                  int processedOnly) const;
   /// The same box by itself; empty when nothing has a position.
@@ -101,6 +115,10 @@ private:
   std::deque<Line> _lines;
   std::deque<Edge> _edges;
   std::vector<std::unique_ptr<PointMesh>> _pointMeshes;
+  std::deque<OffsetPoint> _offsetPoints;
+  std::deque<CheckPoint> _checkPoints;
+  std::deque<ThreeDPointFromTarnObject> _threeDPoints;
+  std::deque<AffineObjectNPoint> _affineObjectNPoints;
   PhotoCollection _photographs;
   VOrdCollect _allCameras;
   VOrdCollect _allStations;
@@ -109,6 +127,10 @@ private:
   VOrdCollect _allLines;
   VOrdCollect _allEdges;
   VOrdCollect _allPointMeshes;
+  VOrdCollect _allOffsetPoints;
+  VOrdCollect _allCheckPoints;
+  VOrdCollect _allThreeDPoints;
+  VOrdCollect _allAffineObjects;
   BasicAffine* _affine = nullptr;
   Units _units;
   double _zLevel = 0.0;

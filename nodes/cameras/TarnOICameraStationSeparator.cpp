@@ -374,9 +374,7 @@ void TarnOICameraStationSeparator::place(const tarn::CameraStation& station) {
 }
 
 tarn::CameraStation* TarnOICameraStationSeparator::boundStation() const {
-  return tarnObject && tarnObject->isA(tarn::CameraStationCls)
-             ? static_cast<tarn::CameraStation*>(tarnObject)
-             : nullptr;
+  return tarnObjectAs<tarn::CameraStation>(tarn::CameraStationCls);
 }
 
 SoNode* TarnOICameraStationSeparator::childOrNull(int index) const {

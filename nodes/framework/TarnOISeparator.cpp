@@ -231,6 +231,10 @@ void TarnOISeparator::removeEntry(tarn::VDictionary* dict, tarn::VObject* key) {
   if (dict) dict->removeKey(key);
 }
 
+bool TarnOISeparator::isBoundTo(const tarn::VClass& record) const {
+  return tarnObject && tarnObject->isA(record);
+}
+
 bool TarnOISeparator::isInvisible(SoAction* action) const {
   // A pick action of the host's own may know no draw style.
   SoState* state = action->getState();

@@ -11,6 +11,7 @@ class TarnOISearchAction;
 
 namespace tarn {
 class BasicAffine;
+class VClass;
 class VDictionary;
 class VObject;
 }  // namespace tarn
@@ -76,6 +77,13 @@ protected:
   /// @param className the class's name, for reports
   static void enableElements(const char* className);
 
+  /// The model object as an `Object`, whose record is `record`; null while the node is
+  /// unbound or bound to an object of another class.
+  template <typename Object>
+  Object* tarnObjectAs(const tarn::VClass& record) const {
+    return isBoundTo(record) ? static_cast<Object*>(tarnObject) : nullptr;
+  }
+
   /// Binds a copy of this node to what this node shows: the dictionary's entry moves to
   /// the copy. Returns the copy.
   SoNode* boundCopy(SoNode* copy) const;
@@ -100,6 +108,7 @@ protected:
 private:
   static void putEntry(tarn::VDictionary* dict, tarn::VObject* key, SoNode* node);
   static void removeEntry(tarn::VDictionary* dict, tarn::VObject* key);
+  bool isBoundTo(const tarn::VClass& record) const;
   bool isInvisible(SoAction* action) const;
   bool childrenMayMatch(TarnOISearchAction& search) const;
 };

@@ -1,10 +1,8 @@
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 
 #include <Inventor/SbMatrix.h>
-#include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoPointSet.h>
 #include <Inventor/nodes/SoSphere.h>
 #include <Inventor/nodes/SoTransform.h>
 
@@ -17,13 +15,10 @@
 #include "host/model/SurfacePoint.h"
 #include "host/model/VectorDouble.h"
 #include "nodes/framework/ChildNodes.h"
-#include "nodes/framework/LabelUpdate.h"
 #include "nodes/framework/Narrowing.h"
 #include "nodes/framework/OneNotification.h"
-#include "nodes/framework/PointCoordinate.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/TarnOIAssert.h"
-#include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/ViewerFrame.h"
 
 #include <cmath>
@@ -98,17 +93,7 @@ TarnOIObjectPointSeparator::TarnOIObjectPointSeparator(const TarnOIObjectPointSe
 }
 
 TarnOIObjectPointSeparator& TarnOIObjectPointSeparator::operator=(
-    const TarnOIObjectPointSeparator& other) {
-  TarnOISeparator::operator=(other);
-  pointPos = other.pointPos;
-  markerSet = other.markerSet;
-  rgbMaterial = other.rgbMaterial;
-  textLable = other.textLable;
-  trans = other.trans;
-  sphereSeparator = other.sphereSeparator;
-  sphereTransform = other.sphereTransform;
-  return *this;
-}
+    const TarnOIObjectPointSeparator& other) = default;
 
 TarnOIObjectPointSeparator::~TarnOIObjectPointSeparator() = default;
 
@@ -116,40 +101,30 @@ void TarnOIObjectPointSeparator::SetObjectPoint(tarn::ObjectPoint* point, tarn::
                                                 int useMarkers, int useRGB) {
   SetTarnObject(point, dict);
   if (!point) return;
-  if (getNumChildren() == 0) {
-    build(useMarkers, useRGB);
-    return;
-  }
-  pointPos = NodeRef(PointCoordinate::find(*this));
-  TARNOI_ASSERT(pointPos, "pointPos", sourceFile);
-  UpdateMarkerSet(useMarkers);
-  UpdateRGBColor(useRGB);
-  if (pointPos) PointCoordinate::place(*pointPos, positionOf(*point).position());
-}
-
-void TarnOIObjectPointSeparator::build(int useMarkers, int useRGB) {
   const OneNotification once(*this);
-  // Of children that the host dropped nothing is taken up again but the shape.
-  rgbMaterial.reset();
-  trans.reset();
-  textLable.reset();
-  pointPos = makeNode<SoCoordinate3>();
-  PointCoordinate::place(*pointPos, positionOf(*point()).position());
-  UpdateMarkerSet(useMarkers);
-  UpdateRGBColor(useRGB);
-  addChild(pointPos.get());
-  addChild(markerSet.get());
+  if (getNumChildren() == 0) {
+    // Of children that the host dropped nothing is taken up again but the shape.
+    rgbMaterial.reset();
+    label = PointLabel();
+    UpdateMarkerSet(useMarkers);
+    UpdateRGBColor(useRGB);
+    shape.append(*this, shape.markerSet.get());
+  } else {
+    shape.findCoordinate(*this, sourceFile);
+    UpdateMarkerSet(useMarkers);
+    UpdateRGBColor(useRGB);
+  }
+  shape.place(positionOf(*point).position());
 }
 
 void TarnOIObjectPointSeparator::UpdateMarkerSet(int useMarkers) {
   const bool asMarker = useMarkers != 0;
+  NodeRef<SoPointSet>& markerSet = shape.markerSet;
   if (!markerSet || markerSet->isOfType(SoMarkerSet::getClassTypeId()) != asMarker) {
-    NodeRef<SoPointSet> shape(asMarker ? new SoMarkerSet : new SoPointSet);
-    if (markerSet) {
-      const int place = findChild(markerSet.get());
-      if (place != -1) replaceChild(place, shape.get());
-    }
-    markerSet = shape;
+    NodeRef<SoPointSet> wanted(asMarker ? new SoMarkerSet : new SoPointSet);
+    const int place = markerSet ? findChild(markerSet.get()) : -1;
+    if (place != -1) replaceChild(place, wanted.get());
+    markerSet = wanted;
   }
   if (asMarker && point()) {
     static_cast<SoMarkerSet*>(markerSet.get())->markerIndex.setValue(markerIndexOf(*point()));
@@ -178,9 +153,9 @@ void TarnOIObjectPointSeparator::UpdateRGBColor(int useRGB) {
 }
 
 void TarnOIObjectPointSeparator::UpdateTextLable(int showNumber, int markT) {
-  const tarn::VString label = GetTextLable(showNumber, markT, point());
-  const LabelUpdate update{trans, textLable, "trans", sourceFile};
-  update.apply(*this, label, point() ? positionOf(*point()).position() : tarn::Point3DDouble());
+  label.update(*this, GetTextLable(showNumber, markT, point()),
+               point() ? positionOf(*point()).position() : tarn::Point3DDouble(), "trans",
+               sourceFile);
 }
 
 void TarnOIObjectPointSeparator::ShowErrorEllipsoid(int show) {
@@ -244,8 +219,7 @@ tarn::VString TarnOIObjectPointSeparator::GetTextLable(int showNumber, int markT
 }
 
 void TarnOIObjectPointSeparator::GetPointSet(SoCoordinate3** coords, SoPointSet** points) const {
-  if (coords) *coords = pointPos.get();
-  if (points) *points = markerSet.get();
+  shape.get(coords, points);
 }
 
 SoNode* TarnOIObjectPointSeparator::copy(SbBool copyConnections) const {
@@ -258,11 +232,9 @@ void TarnOIObjectPointSeparator::copyContents(const SoFieldContainer* from,
   // The members of a copy are its own children, where the original's were its: else a
   // label or a marker of the copy could no longer be changed.
   const auto* other = static_cast<const TarnOIObjectPointSeparator*>(from);
-  pointPos = ChildNodes::counterpart(*this, *other, other->pointPos);
-  markerSet = ChildNodes::counterpart(*this, *other, other->markerSet);
+  shape = other->shape.counterpart(*this, *other);
   rgbMaterial = ChildNodes::counterpart(*this, *other, other->rgbMaterial);
-  textLable = ChildNodes::counterpart(*this, *other, other->textLable);
-  trans = ChildNodes::counterpart(*this, *other, other->trans);
+  label = other->label.counterpart(*this, *other);
   sphereSeparator = ChildNodes::counterpart(*this, *other, other->sphereSeparator);
   sphereTransform =
       NodeRef(sphereSeparator ? static_cast<SoTransform*>(sphereSeparator->getChild(0)) : nullptr);
@@ -280,9 +252,7 @@ void TarnOIObjectPointSeparator::CreateSphereSeparator() {
 }
 
 tarn::ObjectPoint* TarnOIObjectPointSeparator::point() const {
-  return tarnObject && tarnObject->isA(tarn::ObjectPointCls)
-             ? static_cast<tarn::ObjectPoint*>(tarnObject)
-             : nullptr;
+  return tarnObjectAs<tarn::ObjectPoint>(tarn::ObjectPointCls);
 }
 
 void TarnOIObjectPointSeparator::hideErrorEllipsoid() {

@@ -3,12 +3,11 @@
 #include "host/classes/VString.h"
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/NodeRef.h"
+#include "nodes/framework/PointLabel.h"
 #include "nodes/framework/TarnOISeparator.h"
+#include "nodes/points/PointShape.h"
 
-class SoCoordinate3;
-class SoPointSet;
 class SoSeparator;
-class TarnOIText2;
 
 namespace tarn {
 class ObjectPoint;
@@ -100,16 +99,13 @@ protected:
   void CreateSphereSeparator();
 
   // Each holds a reference, so that it may be taken out of the children and put back.
-  NodeRef<SoCoordinate3> pointPos;
-  NodeRef<SoPointSet> markerSet;
+  PointShape shape;
   NodeRef<SoMaterial> rgbMaterial;
-  NodeRef<TarnOIText2> textLable;
-  NodeRef<SoTransform> trans;
+  PointLabel label;
   NodeRef<SoSeparator> sphereSeparator;
   NodeRef<SoTransform> sphereTransform;
 
 private:
   tarn::ObjectPoint* point() const;
-  void build(int useMarkers, int useRGB);
   void hideErrorEllipsoid();
 };

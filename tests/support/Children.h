@@ -3,6 +3,7 @@
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoGroup.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,16 @@ inline std::vector<SoNode*> children(const SoGroup& node) {
   std::vector<SoNode*> result;
   for (int i = 0; i < node.getNumChildren(); ++i) result.push_back(node.getChild(i));
   return result;
+}
+
+/// The first child of that type. Throws where there is none, which fails the test.
+template <typename Node>
+Node& childOf(const SoGroup& node) {
+  for (SoNode* child : children(node)) {
+    if (child->isOfType(Node::getClassTypeId())) return static_cast<Node&>(*child);
+  }
+  throw std::runtime_error(std::string("no child is a ") +
+                           Node::getClassTypeId().getName().getString());
 }
 
 /// The coordinates that a group's child of that index holds; none when it is not there or

@@ -66,6 +66,10 @@ TEST_F(ProjectTest, ANewProjectIsEmpty) {
   EXPECT_EQ(project.GetLines().size(), 0);
   EXPECT_EQ(project.GetEdges().size(), 0);
   EXPECT_EQ(project.GetPointMeshes().size(), 0);
+  EXPECT_EQ(project.GetOffsetPoints().size(), 0);
+  EXPECT_EQ(project.GetCheckPoints().size(), 0);
+  EXPECT_EQ(project.GetThreeDPoints().size(), 0);
+  EXPECT_EQ(project.GetAffineObjects().size(), 0);
   EXPECT_EQ(project.GetPhotoCollection()->GetPhotographs().size(), 0);
   EXPECT_EQ(project.GetAffineTransform(1), nullptr);
   EXPECT_TRUE(project.GetProjectExtents(nullptr, 1, 0).IsEmpty());
@@ -91,6 +95,31 @@ TEST_F(ProjectTest, ListsItsLinesAndEdges) {
   EXPECT_EQ(project.GetLines().at(1), &secondLine);
   ASSERT_EQ(project.GetEdges().size(), 1);
   EXPECT_EQ(project.GetEdges().at(0), &edge);
+}
+
+TEST_F(ProjectTest, ListsEveryKindOfPointByItself) {
+  const auto* offset = &project.AddOffsetPoint();
+  const auto* check = &project.AddCheckPoint();
+  const auto* derived = &project.AddThreeDPoint();
+  const auto* affine = &project.AddAffineObjectNPoint();
+  const auto expectOnly = [](const tarn::VOrdCollect& all, const tarn::VObject* object) {
+    ASSERT_EQ(all.size(), 1);
+    EXPECT_EQ(all.at(0), object);
+  };
+  expectOnly(project.GetOffsetPoints(), offset);
+  expectOnly(project.GetCheckPoints(), check);
+  expectOnly(project.GetThreeDPoints(), derived);
+  expectOnly(project.GetAffineObjects(), affine);
+  EXPECT_EQ(project.GetObjectPoints().size(), 0);
+}
+
+TEST_F(ProjectTest, FindsAnImportedPointByName) {
+  project.AddImportedPoint().SetName("K1");
+  tarn::ImportedPoint& point = project.AddImportedPoint();
+  point.SetName("K7");
+  project.AddImportedPoint().SetName("K7");
+  EXPECT_EQ(project.FindImportedPoint("K7"), &point) << "the first of that name";
+  EXPECT_EQ(project.FindImportedPoint("K"), nullptr);
 }
 
 TEST_F(ProjectTest, FindsAnObjectPointByNumberAndAStationByName) {
@@ -119,6 +148,36 @@ TEST_F(ProjectTest, ExtentsWithoutStationsHoldPointsOnly) {
 TEST_F(ProjectTest, ExtentsOfProcessedPointsLeaveOutTheOthers) {
   fill();
   expectBox(project.GetProjectExtents(nullptr, 0, 1), {0.0, 0.0, 3.0}, {1.0, 2.0, 20.0});
+}
+
+TEST_F(ProjectTest, ExtentsHoldEveryKindOfPointThatHasAPosition) {
+  place(project.AddObjectPoint(), {0.0, 0.0, 0.0}, 1);
+  place(project.AddCheckPoint(), {0.0, 0.0, 20.0}, 0);
+  place(project.AddThreeDPoint(), {0.0, 30.0, 0.0}, 0);
+  project.AddAffineObjectNPoint().SetPosition({-40.0, 0.0, 0.0});
+  project.AddOffsetPoint();
+  project.AddCheckPoint();
+  project.AddThreeDPoint();
+  project.AddAffineObjectNPoint();
+  expectBox(project.GetProjectExtents(nullptr, 0, 1), {-40.0, 0.0, 0.0}, {0.0, 30.0, 20.0});
+}
+
+TEST_F(ProjectTest, ExtentsWithoutPositionsAreEmptyWhateverIsListed) {
+  project.AddOffsetPoint();
+  project.AddCheckPoint();
+  project.AddThreeDPoint();
+  project.AddAffineObjectNPoint();
+  EXPECT_TRUE(project.GetProjectExtents(nullptr, 1, 0).IsEmpty());
+}
+
+TEST_F(ProjectTest, ExtentsOfProcessedPointsLeaveOutOffsetPointsFromOthers) {
+  tarn::ObjectPoint& from = project.AddObjectPoint();
+  place(from, {1.0, 2.0, 3.0}, 0);
+  project.AddOffsetPoint().SetOffset(&from, {10.0, 0.0, 0.0});
+  expectBox(project.GetProjectExtents(nullptr, 0, 0), {1.0, 2.0, 3.0}, {11.0, 2.0, 3.0});
+  EXPECT_TRUE(project.GetProjectExtents(nullptr, 0, 1).IsEmpty());
+  from.SetProcessed(1);
+  expectBox(project.GetProjectExtents(nullptr, 0, 1), {1.0, 2.0, 3.0}, {11.0, 2.0, 3.0});
 }
 
 TEST_F(ProjectTest, ExtentsGoThroughTheAffineInItsDirection) {
@@ -219,10 +278,14 @@ TEST_F(ProjectTest, ADerivedProjectAnswersFromItsOwnCollections) {
       own.SetNumber(77);
       place(own, {1.0, 2.0, 3.0}, 1);
       points.add(&own);
+      affineObjects.add(&noPoint);
     }
     const tarn::VOrdCollect& GetObjectPoints() const override { return points; }
+    const tarn::VOrdCollect& GetAffineObjects() const override { return affineObjects; }
     tarn::ObjectPoint own;
+    tarn::AffineObject noPoint;
     tarn::VOrdCollect points;
+    tarn::VOrdCollect affineObjects;
   };
   const OwnPoints derived;
   EXPECT_EQ(derived.FindObjectPoint(77), &derived.own);

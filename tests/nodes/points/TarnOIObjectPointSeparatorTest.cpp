@@ -47,8 +47,6 @@ public:
   using TarnOIObjectPointSeparator::rgbMaterial;
   using TarnOIObjectPointSeparator::sphereSeparator;
   using TarnOIObjectPointSeparator::sphereTransform;
-  using TarnOIObjectPointSeparator::textLable;
-  using TarnOIObjectPointSeparator::trans;
 };
 
 SbMatrix matrixOf(const SoTransform& transform) {
@@ -83,6 +81,8 @@ protected:
     node->GetPointSet(nullptr, &result);
     return *result;
   }
+  SoTransform& trans() const { return childOf<SoTransform>(*node); }
+  TarnOIText2& textLable() const { return childOf<TarnOIText2>(*node); }
   int markerIndex() const { return static_cast<SoMarkerSet&>(shape()).markerIndex[0]; }
 
   /// Gives the point a covariance, and the state in which it shows its ellipsoid.
@@ -229,7 +229,7 @@ TEST_F(TarnOIObjectPointSeparatorTest, BindingAgainKeepsTheChildrenAndMovesTheCo
               ElementsAre(Change{Change::eRemove, &point, nullptr},
                           Change{Change::ePut, &other, static_cast<SoNode*>(node.get())}));
   // Label and ellipsoid wait for their own updates.
-  EXPECT_EQ(node->textLable->string[0], "12");
+  EXPECT_EQ(textLable().string[0], "12");
   node.reset();
 }
 
@@ -554,47 +554,48 @@ TEST_F(TarnOIObjectPointSeparatorTest, ALabelIsAppendedBehindItsTransform) {
   node->UpdateTextLable(1, 0);
   EXPECT_THAT(childTypes(*node),
               ElementsAre("Coordinate3", "PointSet", "Transform", "TarnOIText2"));
-  EXPECT_EQ(node->getChild(2), node->trans.get());
-  EXPECT_EQ(node->getChild(3), node->textLable.get());
-  EXPECT_EQ(node->trans->scaleFactor.getValue(), SbVec3f(5, 1, 1));
-  EXPECT_EQ(node->trans->translation.getValue(), shownPosition);
-  ASSERT_EQ(node->textLable->string.getNum(), 1);
-  EXPECT_EQ(node->textLable->string[0], "12");
+  EXPECT_EQ(trans().scaleFactor.getValue(), SbVec3f(5, 1, 1));
+  EXPECT_EQ(trans().translation.getValue(), shownPosition);
+  ASSERT_EQ(textLable().string.getNum(), 1);
+  EXPECT_EQ(textLable().string[0], "12");
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, ALabelThatChangesKeepsItsNodes) {
   node->SetObjectPoint(&point, &dictionary, 0, 0);
   node->UpdateTextLable(1, 0);
   const auto before = children(*node);
-  node->trans->scaleFactor.setValue(7, 7, 7);
+  trans().scaleFactor.setValue(7, 7, 7);
   point.SetTState(1);
   point.SetApproximation(tarn::Point3DRandom({11.5, -18.25, 33.125}));
   node->UpdateTextLable(0, 1);
   EXPECT_EQ(children(*node), before);
-  EXPECT_EQ(node->textLable->string[0], "T");
-  EXPECT_EQ(node->trans->translation.getValue(), SbVec3f(1, 3, -2));
-  EXPECT_EQ(node->trans->scaleFactor.getValue(), SbVec3f(7, 7, 7)) << "set on first use only";
+  EXPECT_EQ(textLable().string[0], "T");
+  EXPECT_EQ(trans().translation.getValue(), SbVec3f(1, 3, -2));
+  EXPECT_EQ(trans().scaleFactor.getValue(), SbVec3f(7, 7, 7)) << "set on first use only";
 }
 
-TEST_F(TarnOIObjectPointSeparatorTest, AnEmptyLabelTakesBothNodesOutAndClearsTheMembers) {
+TEST_F(TarnOIObjectPointSeparatorTest, AnEmptyLabelTakesBothNodesOutAndTheNextMakesNewOnes) {
   node->SetObjectPoint(&point, &dictionary, 0, 0);
   node->UpdateTextLable(1, 0);
+  const NodeRef<TarnOIText2> former(&textLable());
   node->UpdateTextLable(0, 0);
   EXPECT_THAT(childTypes(*node), ElementsAre("Coordinate3", "PointSet"));
-  EXPECT_FALSE(node->trans);
-  EXPECT_FALSE(node->textLable);
+  EXPECT_EQ(former->getRefCount(), 1) << "the node keeps it no longer";
   node->UpdateTextLable(0, 0);
   EXPECT_THAT(childTypes(*node), ElementsAre("Coordinate3", "PointSet"));
+  node->UpdateTextLable(1, 0);
+  EXPECT_NE(&textLable(), former.get());
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, ALabelWithoutItsTransformIsReportedAndItsTextSet) {
   node->SetObjectPoint(&point, &dictionary, 0, 0);
   node->UpdateTextLable(1, 0);
-  node->trans.reset();
+  node->removeChild(&trans());
+  const NodeRef<SoGroup> copy(static_cast<SoGroup*>(node->copy()));
   point.SetNumber(13);
-  node->UpdateTextLable(1, 0);
+  static_cast<TarnOIObjectPointSeparator*>(copy.get())->UpdateTextLable(1, 0);
   EXPECT_THAT(takeAssertions(), ElementsAre(IsAssertion("trans", className)));
-  EXPECT_EQ(node->textLable->string[0], "13");
+  EXPECT_EQ(childOf<TarnOIText2>(*copy).string[0], "13");
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, AnUnboundNodeGetsNoLabel) {

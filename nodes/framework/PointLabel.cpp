@@ -1,15 +1,12 @@
-#include "nodes/framework/LabelUpdate.h"
-
-#include <Inventor/nodes/SoGroup.h>
-#include <Inventor/nodes/SoTransform.h>
+#include "nodes/framework/PointLabel.h"
 
 #include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/TarnOIAssert.h"
-#include "nodes/framework/TarnOIText2.h"
 #include "nodes/framework/ViewerFrame.h"
 
-void LabelUpdate::apply(SoGroup& node, const tarn::VString& label,
-                        const tarn::Point3DDouble& modelPoint) const {
+void PointLabel::update(SoGroup& node, const tarn::VString& label,
+                        const tarn::Point3DDouble& modelPoint, const char* transformName,
+                        const char* className) {
   if (label.isEmpty()) {
     if (!text) return;
     ChildNodes::removeAndForget(node, text);
@@ -30,4 +27,11 @@ void LabelUpdate::apply(SoGroup& node, const tarn::VString& label,
     node.addChild(transform.get());
     node.addChild(text.get());
   }
+}
+
+PointLabel PointLabel::counterpart(const SoGroup& copy, const SoGroup& original) const {
+  PointLabel result;
+  result.transform = ChildNodes::counterpart(copy, original, transform);
+  result.text = ChildNodes::counterpart(copy, original, text);
+  return result;
 }

@@ -1,0 +1,7 @@
+#include "host/model/AffineObject.h"
+
+namespace tarn {
+
+VClass AffineObjectCls("AffineObject", &VObjectCls, []() -> VObject* { return new AffineObject; });
+
+}  // namespace tarn
