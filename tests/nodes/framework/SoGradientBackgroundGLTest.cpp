@@ -5,14 +5,12 @@
 #include <Inventor/engines/SoComposeVec2f.h>
 #include <Inventor/nodes/SoCallback.h>
 #include <Inventor/nodes/SoCube.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-#include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTranslation.h>
 
 #include "nodes/framework/NodeRef.h"
+#include "tests/support/FrontView.h"
 #include "tests/support/GLCalls.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
@@ -125,6 +123,14 @@ protected:
     }
   }
 
+  /// Expects the two lower corners near one colour and the two upper ones near the other.
+  static void expectEnds(const Picture& picture, const SbColor& below, const SbColor& above) {
+    for (const int x : {0, width - 1}) {
+      expectPixel(picture, x, height - 1, below, above, 0.5 / height);
+      expectPixel(picture, x, 0, below, above, 1 - 0.5 / height);
+    }
+  }
+
   static bool isUntouched(const Picture& picture) {
     for (std::size_t i = 0; i < picture.bytes.size(); ++i) {
       if (picture.bytes[i] != (i % 3 == 1 ? 0 : 255)) return false;
@@ -139,16 +145,12 @@ protected:
     return result;
   }
 
-  void addCameraAndLight() {
-    auto* camera = new SoOrthographicCamera;
-    camera->position.setValue(0, 0, 10);
-    camera->nearDistance.setValue(1);
-    camera->farDistance.setValue(20);
-    camera->height.setValue(6);
-    root->addChild(camera);
-    auto* light = new SoDirectionalLight;
-    light->direction.setValue(0, 0, -1);
-    root->addChild(light);
+  /// What follows is seen from the front, without lights, behind the background; eight pixels
+  /// a unit.
+  void seeFront() {
+    const NodeRef<SoGradientBackground> kept(node);
+    root = frontView(6);
+    root->insertChild(node, 0);
   }
 
   OffscreenRenderer renderer{width, height};
@@ -161,24 +163,14 @@ protected:
 
 TEST_F(SoGradientBackgroundGLTest, RunsFromTheBottomToTheTop) {
   const Picture picture = render();
-  const SbColor below(0.7F, 0.7F, 0.8F);
-  const SbColor above(0.0F, 0.1F, 0.3F);
-  for (const int x : {0, width - 1}) {
-    expectPixel(picture, x, height - 1, below, above, 0.5 / height);
-    expectPixel(picture, x, 0, below, above, 1 - 0.5 / height);
-  }
+  expectEnds(picture, SbColor(0.7F, 0.7F, 0.8F), SbColor(0.0F, 0.1F, 0.3F));
   expectGradient(picture, [](double, double y) { return y; });
 }
 
 TEST_F(SoGradientBackgroundGLTest, SwappedColoursExchangeTheEnds) {
   node->swapColors.setValue(TRUE);
   const Picture picture = render();
-  const SbColor below(0.0F, 0.1F, 0.3F);
-  const SbColor above(0.7F, 0.7F, 0.8F);
-  for (const int x : {0, width - 1}) {
-    expectPixel(picture, x, height - 1, below, above, 0.5 / height);
-    expectPixel(picture, x, 0, below, above, 1 - 0.5 / height);
-  }
+  expectEnds(picture, SbColor(0.0F, 0.1F, 0.3F), SbColor(0.7F, 0.7F, 0.8F));
   expectGradient(picture, [](double, double y) { return 1 - y; });
 }
 
@@ -433,8 +425,8 @@ TEST_F(SoGradientBackgroundGLTest, ATextureInTwoDimensionsIsDrawnOntoIt) {
 }
 
 TEST_F(SoGradientBackgroundGLTest, TheDepthBufferIsUntouched) {
+  seeFront();
   root->removeChild(node);
-  addCameraAndLight();
   root->addChild(new SoCube);
   const Picture cube = render();
   const std::vector<float> expected = depths();
@@ -456,17 +448,14 @@ TEST_F(SoGradientBackgroundGLTest, TheDepthBufferIsUntouched) {
 }
 
 TEST_F(SoGradientBackgroundGLTest, AShapeWithoutMaterialHasNotTheColourOfACorner) {
-  auto* light = new SoLightModel;
-  light->model = SoLightModel::BASE_COLOR;
-  root->insertChild(light, 0);
-  addCameraAndLight();
+  seeFront();
   root->addChild(new SoCube);
   const Picture picture = render();
   expectPixel(picture, width / 2, height / 2, SbColor(0.8F, 0.8F, 0.8F), SbColor(), 0);
 }
 
 TEST_F(SoGradientBackgroundGLTest, DelayedTransparentShapesAreDrawnOverTheSceneNotOverAnother) {
-  addCameraAndLight();
+  seeFront();
   auto* opaque = new SoMaterial;
   opaque->diffuseColor.setValue(1, 0, 0);
   root->addChild(opaque);
