@@ -1,5 +1,6 @@
 #include "host/model/PointMesh.h"
 
+#include "host/general/LargePages.h"
 #include "host/model/ThreeDPointFromPointMesh.h"
 #include "host/model/Triangle.h"
 
@@ -22,6 +23,13 @@ namespace {
 
 Point3DDouble pointOf(const float* row) {
   return {static_cast<double>(row[0]), static_cast<double>(row[1]), static_cast<double>(row[2])};
+}
+
+/// An empty vector with room for `count` values, to be filled at once.
+template <typename Value>
+void reserve(std::vector<Value>& values, std::size_t count) {
+  values.reserve(count);
+  adviseLargePages(values.data(), count * sizeof(Value));
 }
 
 bool keepsBoxesUpright(const BasicAffine* affine) { return !affine || !affine->HasRotation(); }
@@ -171,9 +179,9 @@ int PointMesh::GetBoundingBox(Point3DDouble& minimum, Point3DDouble& maximum, Ba
 VOrdCollect* PointMesh::GetTriangles() {
   if (_triangleObjects) return &_triangleObjects->collection;
   auto objects = std::make_unique<TriangleObjects>();
-  objects->points.reserve(static_cast<std::size_t>(_points.count()));
+  reserve(objects->points, static_cast<std::size_t>(_points.count()));
   for (int i = 0; i < _points.count(); ++i) objects->points.emplace_back(this, i);
-  objects->triangles.reserve(_triangles.size());
+  reserve(objects->triangles, _triangles.size());
   objects->collection.reserve(GetNumTriangles());
   for (const Corners& corners : _triangles) {
     Triangle& triangle = objects->triangles.emplace_back();

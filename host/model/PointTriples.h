@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/general/LargePages.h"
+
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -19,6 +21,8 @@ public:
     const auto count = static_cast<std::size_t>(_count);
     _numbers = std::make_unique_for_overwrite<Number[]>(3 * count);
     _rows = std::make_unique_for_overwrite<Number*[]>(count);
+    adviseLargePages(_numbers.get(), 3 * count * sizeof(Number));
+    adviseLargePages(_rows.get(), count * sizeof(Number*));
     for (std::size_t i = 0; i < count; ++i) _rows[i] = _numbers.get() + 3 * i;
   }
 

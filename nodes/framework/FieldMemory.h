@@ -2,7 +2,7 @@
 
 #include <Inventor/fields/SoMFColor.h>
 
-#include "nodes/TarnOIExport.h"
+#include "host/general/LargePages.h"
 
 #include <cstddef>
 #include <new>
@@ -17,10 +17,6 @@ namespace FieldMemory {
 /// The type of a field's values.
 template <typename Field>
 using Value = std::remove_pointer_t<decltype(std::declval<Field&>().startEditing())>;
-
-/// Asks the system for large pages behind memory that nobody touched yet, where it is large
-/// enough to have some. A wish only; it changes no content.
-TARNOI_EXPORT void adviseLargePages(void* memory, std::size_t bytes);
 
 /// Gives the field `count` values, whatever the memory holds. A field of that size keeps its
 /// memory; any other forgets its values and gets exactly as much as it needs, untouched.
@@ -37,7 +33,7 @@ void resize(Field& field, int count) {
   } else {
     field.setNum(count);
   }
-  adviseLargePages(field.startEditing(), bytes);
+  tarn::adviseLargePages(field.startEditing(), bytes);
 }
 
 /// Hands the values of one field, with their memory, to another and takes its own in exchange.

@@ -2,7 +2,7 @@
 
 #include <Inventor/nodes/SoNormal.h>
 
-#include "nodes/framework/FieldMemory.h"
+#include "host/general/LargePages.h"
 #include "nodes/framework/OneNotification.h"
 
 #include <algorithm>
@@ -25,7 +25,7 @@ void NormalFill::makeRoom(int index) {
   if (!vectors) {
     const auto size = static_cast<std::size_t>(capacity);
     vectors = std::make_unique_for_overwrite<SbVec3f[]>(size);
-    FieldMemory::adviseLargePages(vectors.get(), size * sizeof(SbVec3f));
+    tarn::adviseLargePages(vectors.get(), size * sizeof(SbVec3f));
   }
   std::fill(vectors.get() + count, vectors.get() + index, noDirection);
 }

@@ -60,14 +60,6 @@ TEST_F(FieldMemoryTest, LargeFieldsAreWrittenToTheirEnds) {
   EXPECT_EQ(coordinates->point[count - 1], SbVec3f(4.0F, 5.0F, 6.0F));
 }
 
-TEST_F(FieldMemoryTest, AdviceChangesNothing) {
-  std::vector<int> numbers(3000000, 7);
-  FieldMemory::adviseLargePages(numbers.data(), numbers.size() * sizeof(int));
-  FieldMemory::adviseLargePages(nullptr, 0);
-  EXPECT_EQ(numbers.front(), 7);
-  EXPECT_EQ(numbers.back(), 7);
-}
-
 TEST_F(FieldMemoryTest, SwappedFieldsHaveEachOthersValuesAndMemory) {
   auto other = makeNode<SoCoordinate3>();
   coordinates->point.setNum(3);

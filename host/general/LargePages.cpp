@@ -1,4 +1,4 @@
-#include "nodes/framework/FieldMemory.h"
+#include "host/general/LargePages.h"
 
 #include <cstdint>
 
@@ -7,8 +7,9 @@
 #include <unistd.h>
 #endif
 
-void FieldMemory::adviseLargePages([[maybe_unused]] void* memory,
-                                   [[maybe_unused]] std::size_t bytes) {
+namespace tarn {
+
+void adviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t bytes) {
 #if defined(__linux__) && defined(MADV_HUGEPAGE)
   // Below this the memory comes from a heap that others use too.
   constexpr std::size_t smallest = std::size_t{4} << 20;
@@ -20,3 +21,5 @@ void FieldMemory::adviseLargePages([[maybe_unused]] void* memory,
   madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
 #endif
 }
+
+}  // namespace tarn
