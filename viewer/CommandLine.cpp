@@ -99,14 +99,14 @@ CommandLine::Color parseColor(const std::string& text) {
   throw CLI::ValidationError("--color", "found \"" + text + "\", expected height, rgb or none");
 }
 
-double parseScale(const std::string& text) {
-  double scale = 0.0;
-  // Beyond these an ellipsoid has no size that can be drawn.
-  if (!parseNumber(text, scale) || !(scale >= 1e-9 && scale <= 1e9)) {
-    throw CLI::ValidationError("--ellipsoids",
+/// A size, within the bounds of what can be drawn.
+double parseSizeOf(const std::string& option, const std::string& text) {
+  double size = 0.0;
+  if (!parseNumber(text, size) || !(size >= 1e-9 && size <= 1e9)) {
+    throw CLI::ValidationError(option,
                                "found \"" + text + "\", expected a number from 1e-9 to 1e9");
   }
-  return scale;
+  return size;
 }
 
 void checkFiles(const std::string& picture, const std::string& scene) {
@@ -139,6 +139,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   std::string background;
   std::string color;
   bool noCloud = false;
+  std::string contours;
   std::string ellipsoids;
 
   CLI::App app(CommandLineHelp::description, "tarnview");
@@ -173,6 +174,10 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
                      "Colour clouds and meshes by height, in their own colours (rgb) or not at "
                      "all (none) [rgb where there are colours]")
           ->type_name("KIND");
+  const CLI::Option* contourOption =
+      app.add_option("--contours", contours,
+                     "Draw lines of equal height over clouds and meshes, SPACING units apart")
+          ->type_name("SPACING");
   const CLI::Option* backgroundOption =
       app.add_option("--background", background,
                      "none (transparent in a picture), plain or gradient [gradient]")
@@ -201,7 +206,12 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
     commandLine.findCloud = !noCloud;
     if (colorOption->count() > 0) commandLine.color = parseColor(color);
     if (backgroundOption->count() > 0) commandLine.background = parseBackground(background);
-    if (ellipsoidOption->count() > 0) commandLine.ellipsoidScale = parseScale(ellipsoids);
+    if (ellipsoidOption->count() > 0) {
+      commandLine.ellipsoidScale = parseSizeOf("--ellipsoids", ellipsoids);
+    }
+    if (contourOption->count() > 0) {
+      commandLine.contourSpacing = parseSizeOf("--contours", contours);
+    }
     checkFiles(commandLine.renderFile, commandLine.writeFile);
     const bool draws = !commandLine.renderFile.empty() || !commandLine.writeFile.empty();
     if (commandLine.project.empty() && (draws || !commandLine.listNodes)) {

@@ -35,8 +35,9 @@ struct CommandLine {
   std::optional<double> ellipsoidScale;  ///< 1e-9 to 1e9
   std::optional<Highlight> highlight;
   std::optional<Color> color;
-  std::string cloud;      ///< a PLY file; empty when none is named
-  bool findCloud = true;  ///< whether a model's own dense cloud is looked for
+  std::optional<double> contourSpacing;  ///< 1e-9 to 1e9
+  std::string cloud;                     ///< a PLY file; empty when none is named
+  bool findCloud = true;                 ///< whether a model's own dense cloud is looked for
   Background background = Background::eGradient;
   bool listNodes = false;
 

@@ -27,6 +27,8 @@ const char* const examples =
     "      marks one object point\n"
     "  tarnview cloud.ply --render heights.png --color height\n"
     "      draws a point cloud by height\n"
+    "  tarnview cloud.ply --render contours.png --view top --contours 0.5\n"
+    "      draws a line of equal height every half unit\n"
     "  tarnview project --cloud cloud.ply --view top --render map.png\n"
     "      shows a cloud that is kept elsewhere with the project\n"
     "  tarnview examples/demo --write demo.iv\n"

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 namespace {
 
@@ -47,6 +48,16 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
   addSurroundings(project.GetObjectPoints().size());
   sceneRoot->addChild(stations.root());
   sceneRoot->addChild(meshes.root());
+  if (options.contourSpacing) {
+    if (!viewFraming.isZUp()) {
+      throw std::runtime_error(
+          "contours need heights along Z, and by its cameras the project stands upright about "
+          "another direction");
+    }
+    const double lift = 1e-3 * viewFraming.objectDiagonal();
+    contours.emplace(project, *options.contourSpacing, lift, context);
+    sceneRoot->addChild(contours->root());
+  }
   sceneRoot->addChild(points.root());
   sceneRoot->addChild(points.onTop());
 }

@@ -7,6 +7,7 @@
 #include "viewer/CommandLine.h"
 #include "viewer/SceneBackground.h"
 #include "viewer/ViewFraming.h"
+#include "viewer/layers/ContourLayer.h"
 #include "viewer/layers/MeshLayer.h"
 #include "viewer/layers/PointLayer.h"
 #include "viewer/layers/SceneContext.h"
@@ -21,9 +22,9 @@ class SoCamera;
 /// A project as a scene graph.
 ///
 /// The root's children: the background where it is a gradient, a light and what else holds
-/// for all, the camera, then the layers (camera stations, point meshes, object points), and
-/// last what is drawn over all else: a point that is marked, which stands there a second time.
-/// The light stands ahead of the camera and so shines from the eye.
+/// for all, the camera, then the layers (camera stations, point meshes, contours, object
+/// points), and last what is drawn over all else: a point that is marked, which stands there a
+/// second time. The light stands ahead of the camera and so shines from the eye.
 ///
 ///     tarn::Project project;
 ///     ProjectFile::open("examples/demo", project, {});
@@ -41,11 +42,14 @@ public:
     bool frusta = false;
     std::optional<double> ellipsoidScale;
     std::optional<CommandLine::Color> color;  ///< of clouds and meshes; see MeshLayer::setColor
+    std::optional<double> contourSpacing;     ///< in units of the project
     SceneBackground::Kind background = SceneBackground::Kind::eGradient;
     tarn::ProgressHandler progress;  ///< may be empty
   };
 
   explicit ProjectScene(tarn::Project& project) : ProjectScene(project, Options()) {}
+  /// Throws std::runtime_error when contours are asked for and there can be none: without
+  /// point meshes, with heights that are not along Z, or with a spacing that is too small.
   ProjectScene(tarn::Project& project, const Options& options);
   ~ProjectScene();
   ProjectScene(const ProjectScene&) = delete;
@@ -103,6 +107,7 @@ private:
   ViewFraming viewFraming;
   StationLayer stations;
   MeshLayer meshes;
+  std::optional<ContourLayer> contours;
   PointLayer points;
   NodeRef<SoSeparator> sceneRoot;  // after the layers: it lets their nodes go first
   SceneBackground sceneBackground;

@@ -93,6 +93,7 @@ public:
     options.frusta = commandLine.frusta;
     options.ellipsoidScale = commandLine.ellipsoidScale;
     options.color = commandLine.color;
+    options.contourSpacing = commandLine.contourSpacing;
     options.background = commandLine.background;
     options.progress = report;
     ProjectScene scene(project, options);

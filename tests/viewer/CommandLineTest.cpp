@@ -122,7 +122,7 @@ TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
 
 TEST_F(CommandLineTest, EmptyValuesAreRefused) {
   for (const char* option : {"--size", "--view", "--highlight", "--render", "--write",
-                             "--ellipsoids", "--background", "--color", "--cloud"}) {
+                             "--ellipsoids", "--background", "--color", "--cloud", "--contours"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }
@@ -175,13 +175,17 @@ TEST_F(CommandLineTest, HighlightOfNothingKnownIsRefused) {
   }
 }
 
-TEST_F(CommandLineTest, EllipsoidScaleMustBeANumberThatCanBeDrawn) {
-  for (const char* scale : {"0", "-1", "nan", "inf", "big", "1e300", "1e-300", "2x"}) {
-    EXPECT_THAT(refused({"p", std::string("--ellipsoids=") + scale}),
-                HasSubstr("--ellipsoids: found \"" + std::string(scale) +
-                          "\", expected a number from 1e-9 to 1e9"));
+TEST_F(CommandLineTest, EllipsoidScaleAndSpacingOfContoursMustBeNumbersThatCanBeDrawn) {
+  for (const std::string option : {"--ellipsoids", "--contours"}) {
+    for (const std::string size : {"0", "-1", "nan", "inf", "big", "1e300", "1e-300", "2x"}) {
+      EXPECT_THAT(
+          refused({"p", option + "=" + size}),
+          HasSubstr(option + ": found \"" + size + "\", expected a number from 1e-9 to 1e9"));
+    }
   }
   EXPECT_EQ(accepted({"p", "--ellipsoids", "1e9"}).ellipsoidScale, 1e9);
+  EXPECT_EQ(accepted({"p", "--contours", "0.5"}).contourSpacing, 0.5);
+  EXPECT_FALSE(accepted({"p"}).contourSpacing.has_value());
 }
 
 TEST_F(CommandLineTest, HelpTeachesByExamples) {

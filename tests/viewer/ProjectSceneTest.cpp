@@ -18,6 +18,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <stdexcept>
 
 using View = CommandLine::View;
 
@@ -251,6 +252,23 @@ TEST_F(ProjectSceneTest, PictureWithoutBackgroundIsClearedInBlack) {
   EXPECT_EQ(scene.background().color(), SbColor(0.0F, 0.0F, 0.0F));
   scene.setBackground(SceneBackground::Kind::ePlain);
   EXPECT_NE(scene.background().color(), SbColor(0.0F, 0.0F, 0.0F));
+}
+
+TEST_F(ProjectSceneTest, ContoursOfAProjectThatIsNotLevelledAreRefused) {
+  tarn::Project unlevelled;
+  unlevelled.AddPointMesh().Allocate(0, 0);
+  tarn::MatrixDouble rotation = tarn::MatrixDouble::Identity(3);
+  rotation(2, 2) = -1.0;
+  rotation(3, 3) = -1.0;
+  unlevelled.AddCameraStation().SetOrientation({1.0, 2.0, 3.0}, rotation);
+  ProjectScene::Options options;
+  options.contourSpacing = 1.0;
+  try {
+    ProjectScene scene(unlevelled, options);
+    FAIL() << "nothing was thrown";
+  } catch (const std::runtime_error& error) {
+    EXPECT_THAT(error.what(), ::testing::StartsWith("contours need heights along Z, "));
+  }
 }
 
 TEST_F(ProjectSceneTest, EmptyProjectMakesAScene) {

@@ -302,6 +302,28 @@ TEST_F(TarnviewGLTest, CloudIsShownWithAModel) {
   EXPECT_THAT(refused.errors, HasSubstr(": found a binary file, expected a PLY file"));
 }
 
+TEST_F(TarnviewGLTest, ContoursOfABowlAreRings) {
+  folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
+  const std::string view = " --view top --color none --size 120x120 --render ";
+  ASSERT_EQ(tarnview(quoted("bowl.ply") + view + quoted("bare.png")).status, 0);
+  const Result result = tarnview(quoted("bowl.ply") + " --contours 1" + view + quoted("rings.png"));
+  ASSERT_EQ(result.status, 0) << result.errors;
+  const Picture bare = Picture::read(folder.file("bare.png"));
+  const Picture rings = Picture::read(folder.file("rings.png"));
+  // Outwards from the middle: at the heights 1, 2 and 3 within the bowl's rim at 3.125.
+  int crossings = 0;
+  bool onLine = false;
+  for (int x = 60; x < 120; ++x) {
+    const bool different = rings.at(x, 60)[1] + 40 < bare.at(x, 60)[1];
+    crossings += different && !onLine;
+    onLine = different;
+  }
+  EXPECT_EQ(crossings, 3);
+  const Result none = tarnview(demo + " --contours 1" + view + quoted("a.png"));
+  EXPECT_EQ(none.status, 1);
+  EXPECT_THAT(none.errors, HasSubstr("there is no dense cloud or mesh to draw contours over"));
+}
+
 TEST_F(TarnviewGLTest, ColoursThatAreNotThereAreMissedButNoError) {
   folder.write("grey.ply",
                "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\n"
@@ -318,10 +340,10 @@ TEST_F(TarnviewGLTest, ColoursThatAreNotThereAreMissedButNoError) {
 // Inventor's own there.
 TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
   folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
-  for (const std::string& options :
-       {std::string("--image-planes --frusta"),
-        std::string("--labels --highlight station:station08"),
-        std::string("--ellipsoids 30 --view top"), "--cloud " + quoted("bowl.ply")}) {
+  for (const std::string& options : {std::string("--image-planes --frusta"),
+                                     std::string("--labels --highlight station:station08"),
+                                     std::string("--ellipsoids 30 --view top"),
+                                     "--cloud " + quoted("bowl.ply") + " --contours 1"}) {
     const Result written =
         tarnview(demo + " --size 400x300 --background plain --render " + quoted("ours.png") +
                  " --write " + quoted("scene.iv") + " " + options);
