@@ -1,6 +1,6 @@
 #include "bench/MeshNodes.h"
 
-#include "bench/DenseData.h"
+#include "bench/DenseShapes.h"
 #include "bench/PointNodes.h"
 #include "host/general/Point3DDouble.h"
 

@@ -74,18 +74,13 @@ const bench::Subject cloud(
           contest->add(peer.name, [&peer] { return figuresOf(peer); });
         }
       }
-      const auto measure = [&contest](const char* name, const Figure& figure) {
-        return bench::figureOf(
-            name,
-            [contest, figure = contest->figure(name, figure.name)]() mutable { return figure(); });
-      };
       std::vector<bench::Row> rows;
       for (const Figure& figure : figures) {
         for (const Peer& peer : peers()) {
           rows.push_back({.work = figure.work,
                           .size = "5,000,000 points",
-                          .ours = measure("ours", figure),
-                          .against = measure(peer.name, figure),
+                          .ours = contest->measure("ours", figure.name),
+                          .against = contest->measure(peer.name, figure.name),
                           .target = figure.target,
                           .unit = figure.unit,
                           .repetitions = 3,

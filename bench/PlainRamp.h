@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace bench {
@@ -26,7 +27,15 @@ public:
 
   /// The bytes of the next `count` points, which are no more than `strip`, in `red`, `green` and
   /// `blue`.
-  void next(float* const* points, int count);
+  void next(float* const* points, int count) {
+    for (int i = 0; i < count; ++i) hues[static_cast<std::size_t>(i)] = hueAt(points[i][2]);
+    setBytes(count);
+  }
+  /// The same for points that lie one after the other.
+  void next(const float* points, int count) {
+    for (int i = 0; i < count; ++i) hues[static_cast<std::size_t>(i)] = hueAt(points[3 * i + 2]);
+    setBytes(count);
+  }
 
   Bytes red{};
   Bytes green{};
@@ -39,6 +48,7 @@ public:
 
 private:
   using Hues = std::array<double, strip>;
+  void setBytes(int count);
   static void component(const Hues& hues, int count, double turn, Bytes& bytes);
 
   double lowest;

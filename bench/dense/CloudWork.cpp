@@ -1,9 +1,8 @@
 #include "bench/dense/CloudWork.h"
 
-#include "bench/DenseData.h"
+#include "bench/DenseShapes.h"
 #include "bench/dense/Memory.h"
 
-#include <cstddef>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -27,11 +26,7 @@ int CloudWork::run(int argc, char** argv) {
   return 0;
 }
 
-void CloudWork::prepare() {
-  positions = cloudPositions(points);
-  pointers.resize(static_cast<std::size_t>(points));
-  for (std::size_t i = 0; i < pointers.size(); ++i) pointers[i] = &positions[3 * i];
-}
+void CloudWork::prepare() { coordinates = cloudPositions(points); }
 
 void CloudWork::tellBuilding() {
   std::vector<double> building;
@@ -55,9 +50,8 @@ void CloudWork::tellDrawing() {
   const auto next = [&] { return secondsOf([&] { draw(View::ofCloud(frame++)); }); };
   std::cout << "first_s " << next() << '\n';
   next();
-  next();
   std::vector<double> steady;
-  for (int i = 0; i < 5; ++i) steady.push_back(next());
+  for (int i = 0; i < 3; ++i) steady.push_back(next());
   std::cout << "steady_s " << medianOf(steady) << "\nbytes_per_point "
             << (residentBytes() - before) / static_cast<double>(count()) << '\n';
 }

@@ -21,7 +21,7 @@ public:
   int run(int argc, char** argv);
 
 protected:
-  /// Makes what building reads, which does not count. The default makes rows().
+  /// Makes what building reads, which does not count. The default makes what positions() gives.
   virtual void prepare();
   /// Builds what draws the cloud, uncoloured.
   virtual void build() = 0;
@@ -36,8 +36,8 @@ protected:
   /// Draws a frame of what was built, if it was, and waits until it is drawn.
   virtual void draw(const View& view) = 0;
 
-  /// A pointer to three floats for each point, as hosts hold them; model coordinates.
-  float* const* rows() const { return pointers.data(); }
+  /// x, y, z of each point, one after the other; model coordinates.
+  const float* positions() const { return coordinates.data(); }
   int count() const { return points; }
 
 private:
@@ -45,8 +45,7 @@ private:
   void tellDrawing();
 
   int points = 0;
-  std::vector<float> positions;
-  std::vector<float*> pointers;
+  std::vector<float> coordinates;
 };
 
 }  // namespace bench

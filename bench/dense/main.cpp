@@ -5,7 +5,7 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoNormal.h>
 
-#include "bench/DenseData.h"
+#include "bench/DenseShapes.h"
 #include "bench/MeshNodes.h"
 #include "bench/PointNodes.h"
 #include "bench/dense/BareOpenGL.h"
@@ -145,7 +145,7 @@ void tellBoth(const Subject& subject) {
   compare(scene.render(subject.view(0)), (bare.draw(subject.view(0)), bare.read()));
   std::vector<double> ours;
   std::vector<double> floor;
-  for (int frame = 1; frame < 13; ++frame) {
+  for (int frame = 1; frame < 9; ++frame) {
     ours.push_back(bench::secondsOf([&] { scene.draw(subject.view(frame)); }));
     floor.push_back(bench::secondsOf([&] { bare.draw(subject.view(frame)); }));
   }

@@ -18,8 +18,8 @@ protected:
   void build() override {
     cloud = std::make_shared<open3d::geometry::PointCloud>();
     cloud->points_.resize(static_cast<std::size_t>(count()));
-    for (int i = 0; i < count(); ++i) {
-      const float* point = rows()[i];
+    const float* point = positions();
+    for (int i = 0; i < count(); ++i, point += 3) {
       cloud->points_[static_cast<std::size_t>(i)] = Eigen::Vector3d(point[0], point[2], -point[1]);
     }
   }
@@ -27,9 +27,9 @@ protected:
   void colour() override {
     const open3d::visualization::ColorMapJet ramp;
     cloud->colors_.resize(static_cast<std::size_t>(count()));
-    for (int i = 0; i < count(); ++i) {
-      cloud->colors_[static_cast<std::size_t>(i)] =
-          ramp.GetColor(static_cast<double>(rows()[i][2]));
+    const float* point = positions();
+    for (int i = 0; i < count(); ++i, point += 3) {
+      cloud->colors_[static_cast<std::size_t>(i)] = ramp.GetColor(static_cast<double>(point[2]));
     }
   }
 

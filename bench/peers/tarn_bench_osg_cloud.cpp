@@ -22,12 +22,12 @@ protected:
     geometry = new osg::Geometry;
     geometry->setUseDisplayList(false);
     geometry->setUseVertexBufferObjects(true);
-    osg::ref_ptr<osg::Vec3Array> positions = new osg::Vec3Array(static_cast<unsigned>(count()));
-    for (int i = 0; i < count(); ++i) {
-      const float* point = rows()[i];
-      (*positions)[static_cast<std::size_t>(i)].set(point[0], point[2], -point[1]);
+    osg::ref_ptr<osg::Vec3Array> vertices = new osg::Vec3Array(static_cast<unsigned>(count()));
+    const float* point = positions();
+    for (int i = 0; i < count(); ++i, point += 3) {
+      (*vertices)[static_cast<std::size_t>(i)].set(point[0], point[2], -point[1]);
     }
-    geometry->setVertexArray(positions);
+    geometry->setVertexArray(vertices);
     geometry->addPrimitiveSet(new osg::DrawArrays(GL_POINTS, 0, count()));
   }
 
@@ -39,7 +39,7 @@ protected:
     bench::PlainRamp ramp(0, 1);
     for (int first = 0; first < count(); first += bench::PlainRamp::strip) {
       const int length = std::min(bench::PlainRamp::strip, count() - first);
-      ramp.next(rows() + first, length);
+      ramp.next(positions() + 3 * static_cast<std::size_t>(first), length);
       for (int i = 0; i < length; ++i) {
         const auto n = static_cast<std::size_t>(i);
         const auto byte = [](std::int32_t value) { return static_cast<unsigned char>(value); };

@@ -34,8 +34,8 @@ protected:
     coordinates->SetNumberOfComponents(3);
     coordinates->SetNumberOfTuples(count());
     float* out = coordinates->GetPointer(0);
-    for (int i = 0; i < count(); ++i, out += 3) {
-      const float* point = rows()[i];
+    const float* point = positions();
+    for (int i = 0; i < count(); ++i, out += 3, point += 3) {
       out[0] = point[0];
       out[1] = point[2];
       out[2] = -point[1];
@@ -61,7 +61,8 @@ protected:
     vtkNew<vtkFloatArray> heights;
     heights->SetNumberOfValues(count());
     float* out = heights->GetPointer(0);
-    for (int i = 0; i < count(); ++i) out[i] = rows()[i][2];
+    const float* point = positions();
+    for (int i = 0; i < count(); ++i, point += 3) out[i] = point[2];
     vtkNew<vtkLookupTable> ramp;
     ramp->SetNumberOfTableValues(256);
     ramp->SetHueRange(0, 0.8);

@@ -1,4 +1,4 @@
-#include "bench/DenseData.h"
+#include "bench/DenseShapes.h"
 
 #include <cmath>
 #include <random>
