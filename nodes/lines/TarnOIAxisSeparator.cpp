@@ -76,12 +76,14 @@ TarnOIAxisSeparator& TarnOIAxisSeparator::operator=(const TarnOIAxisSeparator& o
 TarnOIAxisSeparator::~TarnOIAxisSeparator() = default;
 
 void TarnOIAxisSeparator::SetScale(double scale) {
+  const OneNotification once(*this);
   createMissingChildren();
   const auto factor = static_cast<float>(scale);
   if (axisScale) axisScale->scaleFactor.setValue(factor, factor, factor);
 }
 
 void TarnOIAxisSeparator::SetOrigin(tarn::Point3DDouble origin) {
+  const OneNotification once(*this);
   createMissingChildren();
   if (!originPos) originPos = makeNode<SoTranslation>();
   originPos->translation.setValue(ViewerFrame::fromModel(origin));

@@ -225,14 +225,21 @@ TEST_F(TarnOIAxisSeparatorTest, CoordinatesAreWrittenInPlaceAndLeaveScaleAndOrig
   EXPECT_EQ(scaleOf(*node, 1), SbVec3f(2.5F, 2.5F, 2.5F));
 }
 
-TEST_F(TarnOIAxisSeparatorTest, CoordinatesAreSignalledOnce) {
-  node->SetScale(1);
+TEST_F(TarnOIAxisSeparatorTest, EachChangeIsSignalledOnceTheBuildingWithIt) {
+  auto parent = makeNode<SoSeparator>();
+  parent->addChild(node.get());
   int notified = 0;
   SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &notified);
-  sensor.setPriority(0);
-  sensor.attach(node.get());
-  updateCoordinates();
+  sensor.setPriority(0);  // called within each signal, not once for all of them
+  sensor.attach(parent.get());
+  node->SetScale(1);
   EXPECT_EQ(notified, 1);
+  node->SetOrigin({1, 2, 3});
+  EXPECT_EQ(notified, 2);
+  updateCoordinates();
+  EXPECT_EQ(notified, 3);
+  node->SetScale(2);
+  EXPECT_EQ(notified, 4);
 }
 
 TEST_F(TarnOIAxisSeparatorTest, ADerivedClassMayPlaceALineInTheViewerFrame) {
