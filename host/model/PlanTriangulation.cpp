@@ -1,8 +1,9 @@
 #include "host/model/PlanTriangulation.h"
 
+#include <boost/polygon/voronoi.hpp>
+
 #include <algorithm>
 #include <array>
-#include <boost/polygon/voronoi.hpp>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <utility>
 
 namespace tarn {
@@ -32,6 +33,23 @@ void reserve(std::vector<Value>& values, std::size_t count) {
   adviseLargePages(values.data(), count * sizeof(Value));
 }
 
+/// The box of those stored points that are finite.
+Extents boxOf(const float* const* points, int count) {
+  constexpr float infinity = std::numeric_limits<float>::infinity();
+  float low[3] = {infinity, infinity, infinity};
+  float high[3] = {-infinity, -infinity, -infinity};
+  for (int i = 0; i < count; ++i) {
+    const float* row = points[i];
+    // A number less itself is zero, or it is not finite.
+    if ((row[0] - row[0]) + (row[1] - row[1]) + (row[2] - row[2]) != 0.0F) continue;
+    for (int k = 0; k < 3; ++k) {
+      low[k] = std::min(low[k], row[k]);
+      high[k] = std::max(high[k], row[k]);
+    }
+  }
+  return {pointOf(low), pointOf(high)};  // empty while they are infinite
+}
+
 bool keepsBoxesUpright(const BasicAffine* affine) { return !affine || !affine->HasRotation(); }
 
 }  // namespace
@@ -53,7 +71,7 @@ void PointMesh::Allocate(int points, int withColours) {
 }
 
 void PointMesh::Truncate(int points) {
-  if (points < 0 || points >= GetNumPoints()) return;
+  if (points < 0 || points >= _points.count()) return;
   dropTriangles();
   ClearContours();
   PointsChanged();
@@ -208,10 +226,8 @@ const BasicAffine* PointMesh::usableLocalAffine() const {
 
 const Extents& PointMesh::storedBox() const {
   if (!_storedBox) {
-    Extents& box = _storedBox.emplace();
     float** const points = GetPoints();
-    const int count = points ? GetNumPoints() : 0;
-    for (int i = 0; i < count; ++i) box.Add(pointOf(points[i]));
+    _storedBox = boxOf(points, points ? GetNumPoints() : 0);
   }
   return *_storedBox;
 }

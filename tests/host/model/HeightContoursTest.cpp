@@ -1,5 +1,6 @@
 #include "host/model/HeightContours.h"
 
+#include "tests/support/MeshPoints.h"
 #include "tests/support/TarnTest.h"
 
 #include <algorithm>
@@ -22,16 +23,6 @@ class HeightContoursTest : public TarnTest {
 protected:
   using Triangles = std::vector<PointMesh::Corners>;
 
-  void setPoints(const std::vector<Point3DDouble>& points) {
-    mesh.Allocate(static_cast<int>(points.size()), 0);
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      const double row[] = {points[i].x, points[i].y, points[i].z};
-      for (std::size_t k = 0; k < 3; ++k) {
-        mesh.GetPointStorage()[3 * i + k] = static_cast<float>(row[k]);
-      }
-    }
-  }
-
   /// Heights over a square from -1 to 1 with `cells` cells a side, two triangles each.
   void setGrid(int cells, const std::function<double(double x, double y)>& height) {
     std::vector<Point3DDouble> points;
@@ -42,7 +33,7 @@ protected:
         points.emplace_back(x, y, height(x, y));
       }
     }
-    setPoints(points);
+    setPoints(mesh, points);
     triangles.clear();
     for (int row = 0; row < cells; ++row) {
       for (int column = 0; column < cells; ++column) {
@@ -74,7 +65,7 @@ protected:
         triangles.push_back({index(i, k), index(i + 1, k + 1), index(i, k + 1)});
       }
     }
-    setPoints(points);
+    setPoints(mesh, points);
   }
 
   std::vector<Line> trace(std::vector<double> levels) const {
@@ -108,7 +99,7 @@ protected:
 // --- Surfaces that are known
 
 TEST_F(HeightContoursTest, OneTriangleIsCrossedOnItsTwoEdges) {
-  setPoints({{0, 0, 0}, {4, 0, 8}, {0, 4, 0}});
+  setPoints(mesh, {{0, 0, 0}, {4, 0, 8}, {0, 4, 0}});
   triangles = {{0, 1, 2}};
   const auto lines = trace({2.0});
   ASSERT_THAT(lines, SizeIs(1));
@@ -284,7 +275,7 @@ TEST_F(HeightContoursTest, HeightsAreThoseOfTheModel) {
 // --- Meshes that are not sound
 
 TEST_F(HeightContoursTest, LinesEndAtAnEdgeOfThreeTriangles) {
-  setPoints({{0, 0, 0}, {0, 0, 2}, {4, 0, 0}, {0, 4, 0}, {-4, -4, 0}});
+  setPoints(mesh, {{0, 0, 0}, {0, 0, 2}, {4, 0, 0}, {0, 4, 0}, {-4, -4, 0}});
   triangles = {{0, 1, 2}, {0, 1, 3}, {0, 1, 4}};
   const auto lines = trace({1.0});
   ASSERT_THAT(lines, SizeIs(3));
@@ -321,7 +312,7 @@ TEST_F(HeightContoursTest, TrianglesWithACornerThatIsNotFiniteAreLeftOut) {
 }
 
 TEST_F(HeightContoursTest, CornersOutOfRangeOrTwiceAreLeftOut) {
-  setPoints({{0, 0, 0}, {4, 0, 8}, {0, 4, 0}});
+  setPoints(mesh, {{0, 0, 0}, {4, 0, 8}, {0, 4, 0}});
   triangles = {{0, 1, 3}, {-1, 1, 2}, {0, 0, 1}, {1, 0, 1}, {0, 1, 1}};
   EXPECT_THAT(trace({2.0}), IsEmpty());
 }
@@ -347,7 +338,7 @@ TEST_F(HeightContoursTest, LevelsComeInAscendingOrderAndOnce) {
 }
 
 TEST_F(HeightContoursTest, OneTriangleMayCrossManyLevels) {
-  setPoints({{0, 0, 0}, {1, 0, 1000}, {0, 1, 0}});
+  setPoints(mesh, {{0, 0, 0}, {1, 0, 1000}, {0, 1, 0}});
   triangles = {{0, 1, 2}};
   std::vector<double> levels;
   for (int i = 0; i <= 1000; ++i) levels.push_back(i);

@@ -1,5 +1,6 @@
 #include "host/model/PlanTriangulation.h"
 
+#include "tests/support/MeshPoints.h"
 #include "tests/support/TarnTest.h"
 
 #include <algorithm>
@@ -27,16 +28,6 @@ protected:
     std::int64_t y;
   };
 
-  void setPoints(const std::vector<Point3DDouble>& points) {
-    mesh.Allocate(static_cast<int>(points.size()), 0);
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      const double row[] = {points[i].x, points[i].y, points[i].z};
-      for (std::size_t k = 0; k < 3; ++k) {
-        mesh.GetPointStorage()[3 * i + k] = static_cast<float>(row[k]);
-      }
-    }
-  }
-
   /// Points with whole coordinates of up to `size`, each place once.
   void setRandomPoints(int count, int size, unsigned seed) {
     std::mt19937 random(seed);
@@ -48,7 +39,7 @@ protected:
     std::vector<Point3DDouble> points;
     for (const auto& [x, y] : places) points.emplace_back(x, y, coordinate(random));
     std::ranges::shuffle(points, random);
-    setPoints(points);
+    setPoints(mesh, points);
   }
 
   Whole whole(int point) const {
@@ -135,7 +126,7 @@ protected:
 // --- The triangulation
 
 TEST_F(PlanTriangulationTest, ThreePointsAreATriangleCounterClockwise) {
-  setPoints({{0, 0, 5}, {0, 2, 6}, {4, 0, 7}});
+  setPoints(mesh, {{0, 0, 5}, {0, 2, 6}, {4, 0, 7}});
   const PlanTriangulation found = triangulateAll();
   ASSERT_THAT(found.triangles, SizeIs(1));
   EXPECT_THAT(found.triangles[0], UnorderedElementsAre(0, 1, 2));
@@ -168,7 +159,7 @@ TEST_F(PlanTriangulationTest, AGridHasTwoTrianglesACell) {
   for (int row = 0; row < 30; ++row) {
     for (int column = 0; column < 40; ++column) points.emplace_back(column, row, row * column);
   }
-  setPoints(points);
+  setPoints(mesh, points);
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(found.triangles, SizeIs(2 * 29 * 39));
   expectDelaunay(found);
@@ -177,18 +168,18 @@ TEST_F(PlanTriangulationTest, AGridHasTwoTrianglesACell) {
 
 TEST_F(PlanTriangulationTest, PlacesOnACircleAreAllUsed) {
   // The twelve whole points at distance 5 from the origin.
-  setPoints({{5, 0, 1},
-             {4, 3, 1},
-             {3, 4, 1},
-             {0, 5, 1},
-             {-3, 4, 1},
-             {-4, 3, 1},
-             {-5, 0, 1},
-             {-4, -3, 1},
-             {-3, -4, 1},
-             {0, -5, 1},
-             {3, -4, 1},
-             {4, -3, 1}});
+  setPoints(mesh, {{5, 0, 1},
+                   {4, 3, 1},
+                   {3, 4, 1},
+                   {0, 5, 1},
+                   {-3, 4, 1},
+                   {-4, 3, 1},
+                   {-5, 0, 1},
+                   {-4, -3, 1},
+                   {-3, -4, 1},
+                   {0, -5, 1},
+                   {3, -4, 1},
+                   {4, -3, 1}});
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(found.triangles, SizeIs(10));
   expectDelaunay(found);
@@ -197,7 +188,7 @@ TEST_F(PlanTriangulationTest, PlacesOnACircleAreAllUsed) {
 TEST_F(PlanTriangulationTest, PlacesOnOneLineHaveNoTriangles) {
   std::vector<Point3DDouble> points;
   for (int i = 0; i < 50; ++i) points.emplace_back(3 * i, 2 * i, i % 7);
-  setPoints(points);
+  setPoints(mesh, points);
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(found.triangles, IsEmpty());
   EXPECT_EQ(found.usedPoints, 50);
@@ -206,13 +197,13 @@ TEST_F(PlanTriangulationTest, PlacesOnOneLineHaveNoTriangles) {
 
 TEST_F(PlanTriangulationTest, FewerThanThreePlacesHaveNoTriangles) {
   EXPECT_THAT(triangulateAll().triangles, IsEmpty());
-  setPoints({});
+  setPoints(mesh, {});
   EXPECT_THAT(triangulateAll().triangles, IsEmpty());
-  setPoints({{1, 2, 3}});
+  setPoints(mesh, {{1, 2, 3}});
   EXPECT_THAT(triangulateAll().triangles, IsEmpty());
-  setPoints({{1, 2, 3}, {4, 5, 6}});
+  setPoints(mesh, {{1, 2, 3}, {4, 5, 6}});
   EXPECT_THAT(triangulateAll().triangles, IsEmpty());
-  setPoints(std::vector<Point3DDouble>(20, {1, 2, 3}));
+  setPoints(mesh, std::vector<Point3DDouble>(20, {1, 2, 3}));
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(found.triangles, IsEmpty());
   EXPECT_EQ(found.places, 1);
@@ -221,7 +212,7 @@ TEST_F(PlanTriangulationTest, FewerThanThreePlacesHaveNoTriangles) {
 // --- Which points
 
 TEST_F(PlanTriangulationTest, OfSeveralPointsAtOnePlaceTheHighestIsUsed) {
-  setPoints({{0, 0, 1}, {4, 0, 1}, {0, 4, 1}, {0, 0, 9}, {0, 0, -3}, {4, 0, 1}});
+  setPoints(mesh, {{0, 0, 1}, {4, 0, 1}, {0, 4, 1}, {0, 0, 9}, {0, 0, -3}, {4, 0, 1}});
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(cornersOf(found), UnorderedElementsAre(1, 2, 3)) << "of two alike the first";
   EXPECT_EQ(found.places, 3);
@@ -230,22 +221,22 @@ TEST_F(PlanTriangulationTest, OfSeveralPointsAtOnePlaceTheHighestIsUsed) {
 
 TEST_F(PlanTriangulationTest, PointsThatAreNotFiniteAreNotUsed) {
   constexpr float infinity = std::numeric_limits<float>::infinity();
-  setPoints({{0, 0, 1}, {4, 0, 1}, {0, 4, 1}, {1, 1, nan}, {nan, 1, 1}, {1, infinity, 1}});
+  setPoints(mesh, {{0, 0, 1}, {4, 0, 1}, {0, 4, 1}, {1, 1, nan}, {nan, 1, 1}, {1, infinity, 1}});
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(cornersOf(found), UnorderedElementsAre(0, 1, 2));
-  setPoints({{nan, 0, 0}, {0, nan, 0}, {0, 0, nan}});
+  setPoints(mesh, {{nan, 0, 0}, {0, nan, 0}, {0, 0, nan}});
   EXPECT_THAT(triangulateAll().triangles, IsEmpty());
 }
 
 TEST_F(PlanTriangulationTest, ThePlanIsThatOfTheModel) {
-  setPoints({{0, 0, 0}, {0, 1, 0}, {0, 0, 1}});  // stored upright
+  setPoints(mesh, {{0, 0, 0}, {0, 1, 0}, {0, 0, 1}});  // stored upright
   EXPECT_THAT(triangulateAll().triangles, IsEmpty());
   tarn::MatrixDouble rotation(3, 3);  // (x, y, z) becomes (z, x, y)
   rotation(1, 2) = rotation(2, 3) = rotation(3, 1) = 1.0;
   tarn::BasicAffine turn;
   turn.SetRotation(rotation);
   turn.SetTranslation({}, {5'000'000, 4'000'000, 0});
-  setPoints({{0, 0, 0}, {1, 0, 0}, {0, 0, 1}});
+  setPoints(mesh, {{0, 0, 0}, {1, 0, 0}, {0, 0, 1}});
   mesh.SetLocalAffine(turn);
   const PlanTriangulation found = triangulateAll();
   EXPECT_THAT(found.triangles, SizeIs(1));
@@ -265,7 +256,7 @@ TEST_F(PlanTriangulationTest, FarCoordinatesLoseNothing) {
 
 TEST_F(PlanTriangulationTest, ExtremeExtentsAreHarmless) {
   for (const double size : {1e-40, 1e-20, 1e20, 1e37}) {
-    setPoints({{0, 0, 1}, {size, 0, 1}, {0, size, 1}});
+    setPoints(mesh, {{0, 0, 1}, {size, 0, 1}, {0, size, 1}});
     const PlanTriangulation found = triangulateAll();
     EXPECT_THAT(found.triangles, SizeIs(1)) << size;
     EXPECT_NEAR(found.typicalEdge / size, 1.0, 1e-3) << size;
@@ -282,7 +273,7 @@ TEST_F(PlanTriangulationTest, TrianglesAcrossAGapAreLeftOut) {
       points.emplace_back(column + 40, row, 0);
     }
   }
-  setPoints(points);
+  setPoints(mesh, points);
   const PlanTriangulation found =
       PlanTriangulation::of(mesh, {.longestEdge = 5.0, .mostPoints = 1'000'000});
   EXPECT_THAT(found.triangles, SizeIs(2 * 2 * 19 * 19));
@@ -294,7 +285,7 @@ TEST_F(PlanTriangulationTest, TrianglesAcrossAGapAreLeftOut) {
 }
 
 TEST_F(PlanTriangulationTest, AnEdgeAsLongAsAllowedStays) {
-  setPoints({{0, 0, 0}, {3, 0, 0}, {0, 4, 0}});
+  setPoints(mesh, {{0, 0, 0}, {3, 0, 0}, {0, 4, 0}});
   const auto count = [this](double longest) {
     return PlanTriangulation::of(mesh, {.longestEdge = longest, .mostPoints = 10}).triangles.size();
   };
@@ -309,7 +300,7 @@ TEST_F(PlanTriangulationTest, ACloudOfTooManyPlacesIsThinnedEvenly) {
   for (int row = 0; row < 100; ++row) {
     for (int column = 0; column < 100; ++column) points.emplace_back(column, row, 0);
   }
-  setPoints(points);
+  setPoints(mesh, points);
   const PlanTriangulation found =
       PlanTriangulation::of(mesh, {.longestEdge = 0.0, .mostPoints = 1000});
   EXPECT_EQ(found.places, 10'000);
@@ -333,7 +324,7 @@ TEST_F(PlanTriangulationTest, ThinningLeavesOutliersOut) {
       points.emplace_back(column, row, wild ? 1000 : 10 + 0.01 * column);
     }
   }
-  setPoints(points);
+  setPoints(mesh, points);
   const PlanTriangulation found =
       PlanTriangulation::of(mesh, {.longestEdge = 0.0, .mostPoints = 400});
   EXPECT_GT(found.usedPoints, 300);
