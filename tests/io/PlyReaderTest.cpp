@@ -620,6 +620,13 @@ TEST_F(PlyReaderTest, TextMayHoldBlankLinesTabsAndNoLastLineEnd) {
   EXPECT_THAT(modelPoints(mesh), ElementsAre(Point3DDouble(1, 2, 3), Point3DDouble(4, 5, 6)));
 }
 
+TEST_F(PlyReaderTest, TextMayBeAsShortAsItsNumbersAllow) {
+  const PointMesh& mesh = readFile(
+      "ply\nformat ascii 1.0\nelement vertex 2\nproperty float x\nproperty float y\n"
+      "property float z\nend_header\n1 2 3\n4 5 6");
+  EXPECT_THAT(modelPoints(mesh), ElementsAre(Point3DDouble(1, 2, 3), Point3DDouble(4, 5, 6)));
+}
+
 TEST_F(PlyReaderTest, TextMayBeginWithAByteOrderMark) {
   addFourPoints(ply);
   EXPECT_EQ(readFile("\xEF\xBB\xBF" + ply.written(Form::eText)).GetNumPoints(), 4);
@@ -715,11 +722,12 @@ TEST_P(PlyFormTest, WhatNoFloatHoldsIsNotFinite) {
 
 TEST_P(PlyFormTest, UnusablePointsDoNotMoveTheShift) {
   ply.element("vertex", doublePositions);
-  for (int i = 0; i < 10; ++i) ply.record({notANumber, infinity, -infinity});
-  ply.record({5000000.125, 4000000.25, 6});
+  for (int i = 0; i < 300; ++i) ply.record({notANumber, infinity, -infinity});
+  for (int i = 0; i < 200; ++i) ply.record({5000000.125 + i, 4000000.25 + i, 6});
   const PointMesh& mesh = read();
-  ASSERT_EQ(mesh.GetNumPoints(), 1);
+  ASSERT_EQ(mesh.GetNumPoints(), 200);
   EXPECT_EQ(mesh.GetModelPoint(0), Point3DDouble(5000000.125, 4000000.25, 6));
+  EXPECT_EQ(mesh.GetModelPoint(199), Point3DDouble(5000199.125, 4000199.25, 6));
   takeWarnings();
 }
 
@@ -775,6 +783,14 @@ TEST_P(PlyFormTest, ProgressGoesFromZeroToOne) {
   EXPECT_EQ(reported.front(), 0.0);
   EXPECT_EQ(reported.back(), 1.0);
   EXPECT_TRUE(std::is_sorted(reported.begin(), reported.end()));
+}
+
+TEST_F(PlyReaderTest, ProgressEndsWithoutPointsToo) {
+  ply.element("vertex", floatPositions);
+  std::vector<double> reported;
+  tarn::PlyReader::Read(folder.write("cloud.ply", ply.written(Form::eText)), project,
+                        [&](const char*, double done) { reported.push_back(done); });
+  EXPECT_THAT(reported, ElementsAre(0.0, 1.0));
 }
 
 TEST_F(PlyReaderTest, APlyFileIsToldByItsFirstLine) {
