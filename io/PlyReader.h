@@ -17,8 +17,9 @@ class Project;
 /// "tristrips" their triangles, and the triangles get the vertices' normals (nx, ny, nz), made
 /// as long as 1. All other properties and elements are passed over.
 ///
-/// Positions keep the file's frame and units. Where they are far from the origin and more exact
-/// than floats, they are stored less a shift of whole units, which is the mesh's local affine.
+/// Positions keep the file's frame and units. Where their middle is far from the origin (1,000
+/// units in x or y, 10,000 in z) and the file has them more exact than floats, they are stored
+/// less a shift of whole units, which is the mesh's local affine.
 class TARN_IO_EXPORT PlyReader {
 public:
   /// Whether the file begins as a PLY file does; false where it cannot be read.

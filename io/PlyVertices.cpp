@@ -18,6 +18,8 @@ namespace {
 constexpr std::size_t blockSize = 1024;
 // Points whose median is taken for the middle of all.
 constexpr std::size_t sampleSize = 1000;
+// Where all points' middle is that far from the first ones', they are read once more.
+constexpr double farFromSample = 10000.0;
 
 // Whether floats hold all values of a type.
 template <typename Number>
@@ -122,13 +124,13 @@ void PlyVertices::read(PlySource& source, PointMesh& mesh, ReadProgress& progres
     readPoints(source, mesh, count, progress);
     return;
   }
-  // The first points tell where all of them are; where they do not, it is read once more.
+  // The first points tell where all of them are, unless they are lost ones or a far corner.
   const std::size_t sample = std::min(count, sampleSize);
   readPoints(source, mesh, sample, progress);
   improveShift(mesh, sample, {farInPlan, farInPlan, farInHeight});
   source.restart();
   readPoints(source, mesh, count, progress);
-  if (!improveShift(mesh, count, {farInHeight, farInHeight, farInHeight})) return;
+  if (!improveShift(mesh, count, {farFromSample, farFromSample, farFromSample})) return;
   source.restart();
   readPoints(source, mesh, count, progress);
 }
