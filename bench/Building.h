@@ -5,15 +5,14 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace bench {
 
 /// The time of building nodes for the objects, each time from nothing; taking down does not
 /// count.
-/// @tparam Nodes is made without arguments and has `build(std::vector<Object>&)`
-template <typename Nodes, typename Object>
-Measure building(std::string name, std::shared_ptr<std::vector<Object>> objects) {
+/// @tparam Nodes is made without arguments and has `build(Objects&)`
+template <typename Nodes, typename Objects>
+Measure building(std::string name, std::shared_ptr<Objects> objects) {
   return {.name = std::move(name),
           .time =
               [objects](benchmark::State& state) {

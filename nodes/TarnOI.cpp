@@ -1,7 +1,9 @@
 #include "nodes/TarnOI.h"
 
 #include "host/general/DisplayBitmaps.h"
+#include "nodes/cameras/TarnOICameraRaysSeparator.h"
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
+#include "nodes/cameras/TarnOIPointRaysSeparator.h"
 #include "nodes/framework/SoBackground.h"
 #include "nodes/framework/SoGradientBackground.h"
 #include "nodes/framework/SoSeparatorWithLayerDict.h"
@@ -88,6 +90,10 @@ constexpr std::array table = {
                                        "sphere"),
     entry<TarnOICameraStationSeparator>("TarnOICameraStationSeparator", "TarnOISeparator",
                                         "a camera station: symbol, frustum, photograph, label"),
+    entry<TarnOICameraRaysSeparator>("TarnOICameraRaysSeparator", "TarnOISeparator",
+                                     "the rays from a station to the points on its photograph"),
+    entry<TarnOIPointRaysSeparator>("TarnOIPointRaysSeparator", "TarnOISeparator",
+                                    "the rays from an object point to the stations that see it"),
     entry<TarnOILineSeparator>("TarnOILineSeparator", "TarnOISeparator",
                                "a line, with a dashed 3D extension"),
     entry<TarnOIEdgeSeparator>("TarnOIEdgeSeparator", "TarnOISeparator",

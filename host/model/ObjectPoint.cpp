@@ -1,8 +1,10 @@
 #include "host/model/ObjectPoint.h"
 
 #include "host/model/MarkedPoint.h"
+#include "host/model/Photograph.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace tarn {
 
@@ -28,6 +30,21 @@ int ObjectPoint::IsControlPoint(int showOnlyActive) const {
 int ObjectPoint::HasUsablePosition(int processedOnly) const {
   Point3DRandom position;
   return GetApproximation(position) && (!processedOnly || IsProcessed());
+}
+
+Ray3D* ObjectPoint::GetRay3D() {
+  if (!_ray) _ray = std::make_unique<Ray3D>(this);
+  return _ray.get();
+}
+
+VOrdCollect* ObjectPoint::GetPhotographs(int) const {
+  auto photographs = std::make_unique<VOrdCollect>(static_cast<int>(_marks.size()));
+  std::unordered_set<const Photograph*> listed;
+  for (const MarkedPoint* mark : _marks) {
+    Photograph* photograph = mark->GetPhotograph();
+    if (photograph && listed.insert(photograph).second) photographs->add(photograph);
+  }
+  return photographs.release();
 }
 
 void ObjectPoint::SetTargetCode(int code, int ring) {

@@ -4,6 +4,7 @@
 #include "host/classes/VOrdCollect.h"
 #include "host/classes/VString.h"
 #include "host/general/Colour.h"
+#include "host/model/Ray3D.h"
 #include "host/model/ThreeDPoint.h"
 
 #include <memory>
@@ -29,6 +30,10 @@ struct SubPixelInfo;
 ///   point.AddMarkedPoint(&photograph.AddMarkedPoint({812.25, 431.5}));
 class TARN_HOST_EXPORT ObjectPoint : public ThreeDPoint {
 public:
+  ObjectPoint() = default;
+  ObjectPoint(const ObjectPoint&) = delete;  // marks and rays point to it
+  ObjectPoint& operator=(const ObjectPoint&) = delete;
+
   virtual long GetNumber() const { return _number; }
   /// The name that the user gave; null when there is none.
   virtual const VString* GetUserName() const { return _userName.get(); }
@@ -50,6 +55,13 @@ public:
   /// Non-zero when the point has a 3D position; with `processedOnly` only when the
   /// adjustment computed it.
   virtual int HasUsablePosition(int processedOnly) const;
+  /// The object that stands for the rays of this point: always the same one, which is made
+  /// on first use and lives as long as the point.
+  virtual Ray3D* GetRay3D();
+  /// The photographs on which the point is marked, each once, in the order of its track: a
+  /// new collection that the caller deletes. `selection` is for hosts that tell apart
+  /// photographs in use and others.
+  virtual VOrdCollect* GetPhotographs(int selection) const;
 
   /// The marks of this point, in the order of its track; not owned.
   const std::vector<MarkedPoint*>& GetMarkedPoints() const { return _marks; }
@@ -71,7 +83,7 @@ public:
 
 private:
   // Points come by the hundred thousand: small members first, so that they fill the
-  // padding after the base's; the rare user name is kept apart.
+  // padding after the base's; the rare user name and rays are kept apart.
   std::optional<Colour> _colour;
   bool _codedTarget = false;
   bool _frozen = false;
@@ -85,6 +97,7 @@ private:
   std::unique_ptr<VString> _userName;
   ImportedPoint* _linkedPoint = nullptr;
   std::vector<MarkedPoint*> _marks;
+  std::unique_ptr<Ray3D> _ray;
 };
 
 }  // namespace tarn

@@ -2,7 +2,10 @@
 
 #include "host/model/ImportedPoint.h"
 #include "host/model/MarkedPoint.h"
+#include "host/model/Photograph.h"
 #include "tests/support/TarnTest.h"
+
+#include <memory>
 
 using tarn::Colour;
 using tarn::MarkedPoint;
@@ -115,8 +118,40 @@ TEST_F(ObjectPointTest, WithoutPositionNothingIsUsable) {
   EXPECT_FALSE(point.HasUsablePosition(1));
 }
 
+TEST_F(ObjectPointTest, ItsRaysAreOneObjectOfItsOwn) {
+  tarn::ObjectPoint other;
+  tarn::Ray3D* ray = point.GetRay3D();
+  ASSERT_NE(ray, nullptr);
+  EXPECT_EQ(ray->GetObjectPoint(), &point);
+  EXPECT_EQ(point.GetRay3D(), ray);
+  EXPECT_NE(other.GetRay3D(), ray);
+}
+
+TEST_F(ObjectPointTest, ListsTheMarkedPhotographsOnceEachInTheOrderOfItsTrack) {
+  tarn::Photograph first;
+  tarn::Photograph second;
+  tarn::Photograph without;
+  MarkedPoint loose(nullptr, {});
+  point.AddMarkedPoint(&second.AddMarkedPoint({1.0, 2.0}));
+  point.AddMarkedPoint(&loose);
+  point.AddMarkedPoint(&first.AddMarkedPoint({3.0, 4.0}));
+  point.AddMarkedPoint(&second.AddMarkedPoint({5.0, 6.0}));
+  without.AddMarkedPoint({7.0, 8.0});
+  const std::unique_ptr<tarn::VOrdCollect> photographs(point.GetPhotographs(4));
+  ASSERT_EQ(photographs->size(), 2);
+  EXPECT_EQ(photographs->at(0), &second);
+  EXPECT_EQ(photographs->at(1), &first);
+}
+
+TEST_F(ObjectPointTest, APointWithoutMarksHasNoPhotographsAndEachCallGivesANewCollection) {
+  const std::unique_ptr<tarn::VOrdCollect> one(point.GetPhotographs(4));
+  const std::unique_ptr<tarn::VOrdCollect> two(point.GetPhotographs(4));
+  EXPECT_EQ(one->size(), 0);
+  EXPECT_NE(one, two);
+}
+
 TEST_F(ObjectPointTest, PointsAndMarksAreSmall) {
   // They come by the hundred thousand.
-  EXPECT_LE(sizeof(tarn::ObjectPoint), 152U);
+  EXPECT_LE(sizeof(tarn::ObjectPoint), 160U);
   EXPECT_LE(sizeof(MarkedPoint), 64U);
 }

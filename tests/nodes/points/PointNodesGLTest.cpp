@@ -14,7 +14,7 @@
 class PointNodesGLTest : public TarnTest {
 protected:
   // Another renderer may draw a round point or the edge of a sphere one pixel further.
-  static constexpr Baseline::Tolerance edges{255, 0.3};
+  static constexpr Baseline::Tolerance edges{255, 0.1};
 
   PointNodesGLTest() {
     auto* camera = new SoOrthographicCamera;
