@@ -10,10 +10,12 @@ void Contest::add(const std::string& name, std::function<Figures()> run) {
   programs.emplace_back(name, std::move(run));
 }
 
-Measure Contest::measure(const std::string& name, const std::string& figure) {
-  return figureOf(name, [self = shared_from_this(), name, figure, turn = std::size_t{0}]() mutable {
-    return self->value(turn++, name, figure);
-  });
+Measure Contest::measure(const std::string& name, const std::string& figure,
+                         const std::string& shownAs) {
+  return figureOf(shownAs.empty() ? name : shownAs,
+                  [self = shared_from_this(), name, figure, turn = std::size_t{0}]() mutable {
+                    return self->value(turn++, name, figure);
+                  });
 }
 
 double Contest::value(std::size_t turn, const std::string& name, const std::string& figure) {

@@ -30,7 +30,9 @@ public:
 
   /// A figure of that program, round after round. The turn that does not count is given the
   /// first round's: each program is a process of its own, which has nothing to warm up.
-  Measure measure(const std::string& name, const std::string& figure);
+  /// @param shownAs the measure's name in the table; the program's where it is empty
+  Measure measure(const std::string& name, const std::string& figure,
+                  const std::string& shownAs = {});
 
 private:
   struct Outcome {

@@ -6,13 +6,13 @@
 
 #include "bench/Building.h"
 #include "bench/Companion.h"
+#include "bench/Contest.h"
 #include "bench/PointNodes.h"
 #include "bench/Subject.h"
 #include "nodes/framework/TarnOISearchAction.h"
 
 #include <algorithm>
 #include <ctime>
-#include <map>
 #include <memory>
 #include <random>
 #include <string>
@@ -87,28 +87,32 @@ struct Scene {
   std::vector<tarn::ObjectPoint*> shuffled;
 };
 
-// What tarn_bench_frames prints, by name. A process of its own each time.
-std::map<std::string, double> drawnFrames(bool rasterise) {
-  std::vector<std::string> environment;
-  if (!rasterise) environment.emplace_back("GALLIUM_NOOP=1");
-  return bench::Companion("tarn_bench_frames").figures({std::to_string(manyPoints)}, environment);
+// Runs of tarn_bench_frames.
+std::shared_ptr<bench::Contest> drawnFrames(bool rasterise) {
+  auto contest = std::make_shared<bench::Contest>();
+  contest->add("ours", [rasterise] {
+    std::vector<std::string> environment;
+    if (!rasterise) environment.emplace_back("GALLIUM_NOOP=1");
+    return bench::Companion("tarn_bench_frames").figures({std::to_string(manyPoints)}, environment);
+  });
+  return contest;
 }
 
-// A figure of the frames after a highlight against the steady frame of the same run.
-bench::Row highlightRow(std::string work, const char* figure, bool rasterise, double target) {
-  auto figures = std::make_shared<std::map<std::string, double>>();
-  return {
-      .work = std::move(work),
-      .size = std::string(many) + (rasterise ? ", rasterised" : ", not rasterised"),
-      .ours = bench::figureOf("after",
-                              [figures, figure, rasterise] {
-                                *figures = drawnFrames(rasterise);
-                                return figures->at(figure);
-                              }),
-      .against = bench::figureOf("steady frame", [figures] { return figures->at("steady_ms"); }),
-      .target = target,
-      .unit = "ms",
-      .repetitions = 9};
+// The frames after a highlight against the steady frame of the same run. A frame varies by a
+// quarter when nothing happens: the steady frame is back below that.
+void addHighlightRows(std::vector<bench::Row>& rows, bool rasterise) {
+  const auto contest = drawnFrames(rasterise);
+  const auto add = [&](const char* work, const char* figure, double target) {
+    rows.push_back({.work = work,
+                    .size = std::string(many) + (rasterise ? ", rasterised" : ", not rasterised"),
+                    .ours = contest->measure("ours", figure, "after"),
+                    .against = contest->measure("ours", "steady_ms", "steady frame"),
+                    .target = target,
+                    .unit = "ms",
+                    .repetitions = 9});
+  };
+  add("longest frame", "longest_ms", 3.0);
+  add("fourth frame", "fourth_ms", 1.25);
 }
 
 const bench::Subject build(
@@ -124,14 +128,13 @@ const bench::Subject build(
     });
 
 const bench::Subject memory("points-memory", "what an object point node takes once drawn", [] {
-  return std::vector<bench::Row>{
-      {.work = "resident memory a node",
-       .size = many,
-       .ours = bench::figureOf("ours", [] { return drawnFrames(true).at("bytes_per_node"); }),
-       .against = {},
-       .target = 2400,
-       .unit = "bytes",
-       .repetitions = 3}};
+  return std::vector<bench::Row>{{.work = "resident memory a node",
+                                  .size = many,
+                                  .ours = drawnFrames(true)->measure("ours", "bytes_per_node"),
+                                  .against = {},
+                                  .target = 2400,
+                                  .unit = "bytes",
+                                  .repetitions = 3}};
 });
 
 const bench::Subject lookup("points-lookup", "looking a node up by its object", [] {
@@ -147,13 +150,10 @@ const bench::Subject lookup("points-lookup", "looking a node up by its object", 
 
 const bench::Subject highlight("points-highlight",
                                "frames after one node among many is highlighted", [] {
-                                 // A frame varies by a quarter when nothing happens: the steady
-                                 // frame is back below that.
-                                 return std::vector<bench::Row>{
-                                     highlightRow("longest frame", "longest_ms", false, 3.0),
-                                     highlightRow("fourth frame", "fourth_ms", false, 1.25),
-                                     highlightRow("longest frame", "longest_ms", true, 3.0),
-                                     highlightRow("fourth frame", "fourth_ms", true, 1.25)};
+                                 std::vector<bench::Row> rows;
+                                 addHighlightRows(rows, false);
+                                 addHighlightRows(rows, true);
+                                 return rows;
                                });
 
 const bench::Subject search("points-search", "searching a scene for the last of many nodes", [] {

@@ -1,7 +1,8 @@
 #include "bench/dense/CloudWork.h"
 
 #include "bench/DenseShapes.h"
-#include "bench/dense/Memory.h"
+#include "bench/Memory.h"
+#include "bench/Timing.h"
 
 #include <cstdlib>
 #include <exception>

@@ -1,10 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <chrono>
-#include <cstddef>
-#include <vector>
-
 namespace bench {
 
 /// How all programs of the dense benchmarks look at what they draw: the size of the picture,
@@ -31,18 +26,5 @@ struct View {
     return {0.5F + 0.001F * static_cast<float>(frame), 1.4F, 1.1F, 30};
   }
 };
-
-/// Seconds that the work takes.
-template <typename Work>
-double secondsOf(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-inline double medianOf(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
-}
 
 }  // namespace bench

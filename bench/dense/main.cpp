@@ -6,12 +6,12 @@
 #include <Inventor/nodes/SoNormal.h>
 
 #include "bench/DenseShapes.h"
+#include "bench/Memory.h"
 #include "bench/MeshNodes.h"
-#include "bench/PointNodes.h"
+#include "bench/Timing.h"
 #include "bench/dense/BareOpenGL.h"
 #include "bench/dense/CloudWork.h"
 #include "bench/dense/DenseScene.h"
-#include "bench/dense/Memory.h"
 
 #include <cmath>
 #include <cstdint>

@@ -6,31 +6,20 @@
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 
+#include "bench/Memory.h"
 #include "bench/PointNodes.h"
+#include "bench/Timing.h"
 #include "viewer/OffscreenRenderer.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <iostream>
-#include <malloc.h>
 #include <numbers>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace {
-
-// Resident memory now, in bytes.
-double residentBytes() {
-  std::ifstream file("/proc/self/statm");
-  double total = 0;
-  double resident = 0;
-  file >> total >> resident;
-  return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
-}
 
 class Frames {
 public:
@@ -48,11 +37,7 @@ public:
   // Milliseconds of the next frame, the camera a little further on.
   double next() {
     camera->position.setValue(0.5F + 0.001F * static_cast<float>(frame++), 0.5F, 0.6F);
-    const auto start = std::chrono::steady_clock::now();
-    renderer.draw(root.get());
-    const std::chrono::duration<double, std::milli> taken =
-        std::chrono::steady_clock::now() - start;
-    return taken.count();
+    return 1e3 * bench::secondsOf([this] { renderer.draw(root.get()); });
   }
 
   std::vector<double> next(int count) {
@@ -68,23 +53,17 @@ private:
   int frame = 0;
 };
 
-double median(std::vector<double> values) {
-  std::ranges::sort(values);
-  return values[values.size() / 2];
-}
-
 void measure(int count) {
   bench::initialiseNodes();
   std::vector<tarn::ObjectPoint> points = bench::objectPoints(count);
   bench::PointNodes nodes;
   Frames frames(nodes.layer.get());
   frames.next(3);  // what the driver takes for itself is no node's
-  malloc_trim(0);
-  const double before = residentBytes();
+  const double before = bench::residentBytes();
   nodes.build(points);
   frames.next(8);
-  const double bytes = (residentBytes() - before) / static_cast<double>(count);
-  const double steady = median(frames.next(15));
+  const double bytes = (bench::residentBytes() - before) / static_cast<double>(count);
+  const double steady = bench::medianOf(frames.next(15));
 
   const auto highlight = makeNode<SoMaterial>();
   highlight->diffuseColor.setValue(1, 0, 0);

@@ -76,3 +76,8 @@ TEST_F(ContestTest, ProgramThatFailsFailsItsOwnRowsOnly) {
 TEST_F(ContestTest, FigureThatIsNotToldFailsByName) {
   EXPECT_EQ(bench::measure(row("colour_s"), 1).verdictText(), "FAILED: peer tells no colour_s");
 }
+
+TEST_F(ContestTest, MeasureBearsTheProgramsNameOrTheOneThatItIsGiven) {
+  EXPECT_EQ(contest->measure("ours", "build_s").name, "ours");
+  EXPECT_EQ(contest->measure("ours", "build_s", "before").name, "before");
+}

@@ -1,4 +1,4 @@
-#include "bench/dense/Memory.h"
+#include "bench/Memory.h"
 
 #include <fstream>
 #include <malloc.h>
