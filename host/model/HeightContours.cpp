@@ -100,10 +100,10 @@ private:
   }
 
   Point3DDouble pointBetween(int below, int above) const {
-    const Point3DDouble upper = mesh.GetModelPoint(above);
-    if (upper.z == height) return upper;
     const Point3DDouble lower = mesh.GetModelPoint(below);
+    const Point3DDouble upper = mesh.GetModelPoint(above);
     const double share = (height - lower.z) / (upper.z - lower.z);
+    // With a share of 1, for a corner at the level, lerp gives the corner itself.
     return {std::lerp(lower.x, upper.x, share), std::lerp(lower.y, upper.y, share), height};
   }
 

@@ -317,6 +317,12 @@ TEST_F(HeightContoursTest, CornersOutOfRangeOrTwiceAreLeftOut) {
   EXPECT_THAT(trace({2.0}), IsEmpty());
 }
 
+TEST_F(HeightContoursTest, ATriangleWithACornerTwiceDoesNotBreakTheLineThroughItsEdge) {
+  setGrid(4, [](double x, double) { return x; });
+  triangles.push_back({12, 12, 13});  // an edge that two others share
+  EXPECT_THAT(trace({0.1}), SizeIs(1));
+}
+
 TEST_F(HeightContoursTest, NothingToCrossGivesNoLines) {
   EXPECT_THAT(trace({1.0}), IsEmpty());
   setGrid(4, [](double x, double) { return x; });

@@ -263,6 +263,16 @@ TEST_F(PlanTriangulationTest, ExtremeExtentsAreHarmless) {
   }
 }
 
+TEST_F(PlanTriangulationTest, AVanishingCloudIsOnePlace) {
+  setPoints(mesh, {{0, 0, 1}, {1, 0, 1}, {0, 1, 1}});
+  tarn::BasicAffine vanishing;
+  vanishing.SetScale(1e-100);
+  mesh.SetLocalAffine(vanishing);
+  const PlanTriangulation found = triangulateAll();
+  EXPECT_EQ(found.places, 1);
+  EXPECT_THAT(found.triangles, IsEmpty());
+}
+
 // --- Long edges
 
 TEST_F(PlanTriangulationTest, TrianglesAcrossAGapAreLeftOut) {
