@@ -33,8 +33,9 @@ void TarnOIPointRaysSeparator::UpdateRays(int build) {
   const tarn::ObjectPoint* point = rays ? rays->GetObjectPoint() : nullptr;
   tarn::Point3DRandom from;
   if (!build || !point || !point->HasUsablePosition(1) || !point->GetApproximation(from)) return;
-  const OneNotification once(*this);
   const std::unique_ptr<const tarn::VOrdCollect> photographs(point->GetPhotographs(4));
+  if (!photographs) return;
+  const OneNotification once(*this);
   for (int i = 0; i < photographs->size(); ++i) {
     const tarn::CameraStation* station =
         static_cast<tarn::Photograph*>(photographs->at(i))->GetCameraStation();

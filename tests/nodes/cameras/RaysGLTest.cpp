@@ -1,11 +1,10 @@
-#include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoOrthographicCamera.h>
 
 #include "nodes/cameras/TarnOICameraRaysSeparator.h"
 #include "nodes/cameras/TarnOIPointRaysSeparator.h"
 #include "tests/nodes/cameras/RaysFixture.h"
 #include "tests/support/Baseline.h"
+#include "tests/support/FrontView.h"
 #include "viewer/OffscreenRenderer.h"
 
 /// Draws rays as seen from the front (along the model's y): 20 units wide, ten pixels a unit,
@@ -16,15 +15,6 @@ protected:
   static constexpr Baseline::Tolerance edges{255, 0.1};
 
   RaysGLTest() {
-    auto* camera = new SoOrthographicCamera;
-    camera->height = 20.0F;
-    camera->position.setValue(0, 0, 50);
-    camera->nearDistance = 1.0F;
-    camera->farDistance = 100.0F;
-    auto* light = new SoLightModel;
-    light->model = SoLightModel::BASE_COLOR;
-    scene->addChild(camera);
-    scene->addChild(light);
     // Stations at the lower corners, points above.
     stand(stations[0], {-8.0, -5.0, -8.0});
     stand(stations[1], {8.0, -5.0, -8.0});
@@ -55,7 +45,7 @@ protected:
     Baseline::expectMatch(renderer.render(scene.get()), name, edges);
   }
 
-  NodeRef<SoSeparator> scene = makeNode<SoSeparator>();
+  NodeRef<SoSeparator> scene = frontView(20.0F);
 };
 
 TEST_F(RaysGLTest, RaysOfAPhotographFanOutFromItsStation) {

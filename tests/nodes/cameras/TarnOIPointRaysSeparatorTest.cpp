@@ -159,6 +159,17 @@ TEST_F(TarnOIPointRaysSeparatorTest, TheHostsCollectionIsAskedForWithItsCodeAndD
                                   Pair(pointsShown[0], stationsShown[1])));
 }
 
+TEST_F(TarnOIPointRaysSeparatorTest, AHostWithoutACollectionHasNoRays) {
+  struct Silent : tarn::ObjectPoint {
+    tarn::VOrdCollect* GetPhotographs(int) const override { return nullptr; }
+  } silent;
+  place(silent, {11.5, -18.25, 33.125});
+  node->SetRays(&silent, &dictionary);
+  EXPECT_EQ(node->getNumChildren(), 0);
+  EXPECT_EQ(node->GetTarnObject(), silent.GetRay3D());
+  node.reset();
+}
+
 TEST_F(TarnOIPointRaysSeparatorTest, AllRaysAreSignalledOnce) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(node.get());
