@@ -34,6 +34,9 @@
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "nodes/points/TarnOIOffsetPointSeparator.h"
 #include "nodes/points/TarnOIThreeDPointsSeparator.h"
+#include "nodes/surfaces/TarnOIImportedLineSeparator.h"
+#include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
+#include "nodes/surfaces/TarnOINurbsSurfaceSeparator.h"
 
 #include <array>
 #include <ranges>
@@ -102,6 +105,13 @@ constexpr std::array table = {
                                "the model's axes as a cross with letters"),
     entry<TarnOIGroundPlaneSeparator>("TarnOIGroundPlaneSeparator", "TarnOISeparator",
                                       "a translucent rectangle under the project"),
+    entry<TarnOINurbsSurfaceSeparator>("TarnOINurbsSurfaceSeparator", "TarnOISeparator",
+                                       "a tessellated smooth surface with its textures"),
+    entry<TarnOIImportedLineSeparator>("TarnOIImportedLineSeparator", "TarnOISeparator",
+                                       "a line brought in from outside"),
+    entry<TarnOIImportedSurfaceSeparator>("TarnOIImportedSurfaceSeparator",
+                                          "TarnOINurbsSurfaceSeparator",
+                                          "a surface brought in from outside"),
     entry<TarnOIPointMeshSeparator>("TarnOIPointMeshSeparator", "TarnOISeparator",
                                     "a point cloud or mesh: colours, heights, sub-selections"),
     entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",

@@ -18,11 +18,15 @@ public:
   virtual void GetFixedColor(Colour& ambient, Colour& diffuse, Colour& specular, Colour& emissive,
                              double& shininess) const;
   virtual int GetDiffuseType() const { return _diffuseType; }
+  /// Non-zero when a texture's colours are multiplied by those of the material; 0 when the
+  /// texture is shown as it is.
+  virtual int GetBlendRGBWithTexture() const { return _blendRGBWithTexture; }
 
   /// Sets all fixed colours; shininess is 0..1.
   void SetFixedColor(const Colour& ambient, const Colour& diffuse, const Colour& specular,
                      const Colour& emissive, double shininess);
   void SetDiffuseType(int type) { _diffuseType = type; }
+  void SetBlendRGBWithTexture(int blend) { _blendRGBWithTexture = blend != 0; }
 
   /// The material of objects that have none: light grey, not textured.
   static Material* const gDefault;
@@ -36,6 +40,7 @@ private:
   Colour _emissive{0, 0, 0};
   double _shininess = 0.2;
   int _diffuseType = eFixedColour;
+  int _blendRGBWithTexture = 0;
 };
 
 }  // namespace tarn

@@ -19,7 +19,6 @@
 #include "nodes/framework/OneNotification.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/TarnOIAssert.h"
-#include "nodes/meshes/MeshRows.h"
 #include "nodes/meshes/PointColours.h"
 #include "nodes/meshes/TriangleLookups.h"
 
@@ -75,16 +74,15 @@ void TarnOIPointMeshSeparator::HighlightSubPoints(tarn::VOrdCollect* pointIndexe
   const OneNotification once(*this);
   placeSubHighlight();
   const SbColor plain = materialColours().diffuse;
+  const unsigned char* const* rgbs = mesh()->GetRGBsForPoints();
   const int points = mesh()->GetNumPoints();
-  const int coloured = mesh()->GetRGBsForPoints() ? points : 0;
   const int count = std::max(points, pointPos ? pointPos->point.getNum() : 0);
+  const int coloured = rgbs ? points : 0;
 
   const FieldFill fill(subHighlight.material->diffuseColor, count);
   SbColor* const colours = fill.values();
-  if (coloured > 0) {
-    MeshRows::withColours(*mesh(),
-                          [&](auto rowOf) { PointColours().copy(rowOf, colours, coloured); });
-  }
+  const PointColours stored(rgbs);
+  for (int i = 0; i < coloured; ++i) colours[i] = stored[i];
   std::fill(colours + coloured, colours + count, plain);
   SubHighlight::paint(colours, count, pointIndexes, subHighlightColor);
 }

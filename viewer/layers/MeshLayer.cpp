@@ -122,8 +122,8 @@ void MeshLayer::colorSurface(const Shown& shown, Color color) {
   };
   std::vector<SbColor> ofPoints(static_cast<std::size_t>(mesh.GetNumPoints()), uncoloured);
   if (color == Color::eRgb) {
-    unsigned char** own = mesh.GetRGBsForPoints();
-    PointColours().copy([own](int i) { return own[i]; }, ofPoints.data(), mesh.GetNumPoints());
+    const PointColours own(mesh.GetRGBsForPoints());
+    for (int i = 0; i < mesh.GetNumPoints(); ++i) ofPoints[static_cast<std::size_t>(i)] = own[i];
   } else if (color == Color::eHeight) {
     tarn::Extents extents;
     project.GetPointMeshExtents(extents, nullptr);

@@ -1,0 +1,8 @@
+#include "host/model/ImportedSurface.h"
+
+namespace tarn {
+
+VClass ImportedSurfaceCls("ImportedSurface", &TessellatedSurfaceCls,
+                          []() -> VObject* { return new ImportedSurface; });
+
+}  // namespace tarn

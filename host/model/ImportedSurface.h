@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/TarnOIHostExport.h"
+#include "host/classes/VString.h"
+#include "host/model/TessellatedSurface.h"
+
+namespace tarn {
+
+extern TARN_HOST_EXPORT VClass ImportedSurfaceCls;
+
+/// A surface brought into the project from outside, with the textures it came with.
+class TARN_HOST_EXPORT ImportedSurface : public TessellatedSurface {
+public:
+  virtual const VString& GetName() const { return _name; }
+  void SetName(const VString& name) { _name = name; }
+
+  VClass* iam() const override { return &ImportedSurfaceCls; }
+
+private:
+  VString _name;
+};
+
+}  // namespace tarn
