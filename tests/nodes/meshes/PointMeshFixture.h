@@ -11,37 +11,13 @@
 
 #include "host/model/Material.h"
 #include "host/model/PointMesh.h"
-#include "nodes/meshes/TarnOIPointMeshSeparator.h"
 #include "nodes/meshes/TriangleLookups.h"
+#include "tests/nodes/meshes/OpenMeshNode.h"
 #include "tests/support/Children.h"
 #include "tests/support/TarnTest.h"
 
 #include <array>
 #include <vector>
-
-/// The node with its members and protected operations open.
-class OpenMeshNode : public TarnOIPointMeshSeparator {
-public:
-  OpenMeshNode() = default;
-  /// Has the members of any other node: a look into a copy that Coin made.
-  explicit OpenMeshNode(const TarnOIPointMeshSeparator& other) : TarnOIPointMeshSeparator(other) {}
-
-  using TarnOIPointMeshSeparator::colorBinding;
-  using TarnOIPointMeshSeparator::colorMaterial;
-  using TarnOIPointMeshSeparator::ColorRange;
-  using TarnOIPointMeshSeparator::contourSeparator;
-  using TarnOIPointMeshSeparator::doNotUseLocalTransform;
-  using TarnOIPointMeshSeparator::faceSet;
-  using TarnOIPointMeshSeparator::highlightOn;
-  using TarnOIPointMeshSeparator::HighlightSubTrianglesMultiPhotoTexture;
-  using TarnOIPointMeshSeparator::localTransform;
-  using TarnOIPointMeshSeparator::pointPos;
-  using TarnOIPointMeshSeparator::SetMeshData;
-  using TarnOIPointMeshSeparator::SetTriMeshData;
-  using TarnOIPointMeshSeparator::subHighlight;
-  using TarnOIPointMeshSeparator::subHighlightColor;
-  using TarnOIPointMeshSeparator::triangleLookups;
-};
 
 /// A mesh of four points, no two coordinates of which are the same, and a node for it.
 class PointMeshFixture : public TarnTest {
