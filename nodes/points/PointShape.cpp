@@ -1,8 +1,8 @@
 #include "nodes/points/PointShape.h"
 
 #include "nodes/framework/ChildNodes.h"
-#include "nodes/framework/PointCoordinate.h"
 #include "nodes/framework/TarnOIAssert.h"
+#include "nodes/framework/ViewerFrame.h"
 
 void PointShape::findOrBuild(SoGroup& node, const char* className) {
   if (node.getNumChildren() == 0) {
@@ -13,7 +13,13 @@ void PointShape::findOrBuild(SoGroup& node, const char* className) {
 }
 
 void PointShape::findCoordinate(const SoGroup& node, const char* className) {
-  pointPos = NodeRef(PointCoordinate::find(node));
+  pointPos.reset();
+  for (int i = node.getNumChildren() - 1; i >= 0 && !pointPos; --i) {
+    SoNode* child = node.getChild(i);
+    if (child->isOfType(SoCoordinate3::getClassTypeId())) {
+      pointPos = NodeRef(static_cast<SoCoordinate3*>(child));
+    }
+  }
   TARNOI_ASSERT(pointPos, "pointPos", className);
 }
 
@@ -25,7 +31,7 @@ void PointShape::append(SoGroup& node, SoPointSet* shape) {
 }
 
 void PointShape::place(const tarn::Point3DDouble& modelPoint) {
-  if (pointPos) PointCoordinate::place(*pointPos, modelPoint);
+  if (pointPos) pointPos->point.set1Value(0, ViewerFrame::fromModel(modelPoint));
 }
 
 void PointShape::get(SoCoordinate3** coords, SoPointSet** points) const {

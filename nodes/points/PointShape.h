@@ -27,8 +27,8 @@ struct TARNOI_EXPORT PointShape {
   /// Appends a new coordinate and then `shape`, which becomes the marker set.
   void append(SoGroup& node, SoPointSet* shape);
 
-  /// Moves the point to the model point. Nothing happens without a coordinate, which was
-  /// reported before.
+  /// Moves the point to the model point: the first coordinate, other ones stay. Nothing
+  /// happens without a coordinate, which was reported before.
   void place(const tarn::Point3DDouble& modelPoint);
 
   /// Hands out both, where the pointers are not null; they stay the node's.

@@ -3,8 +3,8 @@
 #include "host/classes/VString.h"
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/NodeRef.h"
-#include "nodes/framework/PointLabel.h"
 #include "nodes/framework/TarnOISeparator.h"
+#include "nodes/points/PointLabel.h"
 #include "nodes/points/PointShape.h"
 
 class SoSeparator;

@@ -1,10 +1,10 @@
 #include "nodes/cameras/TarnOICameraRaysSeparator.h"
 
 #include <Inventor/SoPath.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/nodes/cameras/RaysFixture.h"
+#include "tests/support/SignalCount.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -169,14 +169,11 @@ TEST_F(TarnOICameraRaysSeparatorTest, AllRaysAreSignalledOnce) {
   parent->addChild(node.get());
   mark(points[0], photograph);
   mark(points[1], photograph);
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   node->SetRays(&photograph, &dictionary);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
   node->UpdateRays(0);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
 }
 
 TEST_F(TarnOICameraRaysSeparatorTest, ASearchForThePhotographFindsItsRays) {

@@ -1,10 +1,10 @@
 #include "nodes/cameras/TarnOIPointRaysSeparator.h"
 
 #include <Inventor/SoPath.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/nodes/cameras/RaysFixture.h"
+#include "tests/support/SignalCount.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -175,12 +175,9 @@ TEST_F(TarnOIPointRaysSeparatorTest, AllRaysAreSignalledOnce) {
   parent->addChild(node.get());
   mark(point, photographs[0]);
   mark(point, photographs[1]);
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   node->SetRays(&point, &dictionary);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
 }
 
 TEST_F(TarnOIPointRaysSeparatorTest, ACopyHasRaysOfItsOwnAndIsNotBound) {

@@ -1,31 +1,24 @@
 #include "nodes/framework/FieldFill.h"
 
 #include <Inventor/nodes/SoCoordinate3.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "nodes/framework/NodeRef.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 class FieldFillTest : public TarnTest {
 protected:
-  FieldFillTest() : sensor(&FieldFillTest::count, &notifications) {
-    sensor.setPriority(0);
-    sensor.attach(coordinates.get());
-  }
-  static void count(void* notifications, SoSensor*) { ++*static_cast<int*>(notifications); }
-
   NodeRef<SoCoordinate3> coordinates = makeNode<SoCoordinate3>();
-  int notifications = 0;
-  SoNodeSensor sensor;
+  SignalCount signals{coordinates.get()};
 };
 
 TEST_F(FieldFillTest, ValuesAreWrittenInPlaceAndSignalledOnceAtTheEnd) {
   {
     const FieldFill fill(coordinates->point, 3);
     for (int i = 0; i < 3; ++i) fill.values()[i] = SbVec3f(1.0F, 2.0F, static_cast<float>(i));
-    EXPECT_EQ(notifications, 0);
+    EXPECT_EQ(signals.count(), 0);
   }
-  EXPECT_EQ(notifications, 1);
+  EXPECT_EQ(signals.count(), 1);
   ASSERT_EQ(coordinates->point.getNum(), 3);
   EXPECT_EQ(coordinates->point[2], SbVec3f(1.0F, 2.0F, 2.0F));
   EXPECT_TRUE(coordinates->point.isNotifyEnabled());
@@ -44,5 +37,5 @@ TEST_F(FieldFillTest, NoValuesAreFilledToo) {
     EXPECT_EQ(fill.values(), nullptr);
   }
   EXPECT_EQ(coordinates->point.getNum(), 0);
-  EXPECT_EQ(notifications, 1);
+  EXPECT_EQ(signals.count(), 1);
 }

@@ -2,11 +2,11 @@
 
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/engines/SoCalculator.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "nodes/framework/TarnOIOrthographicCamera.h"
 #include "nodes/framework/TarnOIPerspectiveCamera.h"
 #include "tests/nodes/framework/FrontRectangleFixture.h"
+#include "tests/support/SignalCount.h"
 
 /// What both cameras do alike; each has a test of what is its own.
 template <typename Camera>
@@ -66,14 +66,11 @@ TYPED_TEST(FrontRectangleTest, AnswersForAViewportByTheCornersToo) {
 }
 
 TYPED_TEST(FrontRectangleTest, SettingACornerNotifiesNobody) {
-  int notified = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &notified);
-  sensor.setPriority(0);
-  sensor.attach(this->camera.get());
+  SignalCount signals(this->camera.get());
   this->moveOffTheAxis();
-  EXPECT_EQ(notified, 0);
+  EXPECT_EQ(signals.count(), 0);
   this->camera->farDistance.setValue(50);
-  EXPECT_EQ(notified, 1);
+  EXPECT_EQ(signals.count(), 1);
 }
 
 TYPED_TEST(FrontRectangleTest, CopyConstructionAndAssignmentTakeTheCornersAndNoField) {

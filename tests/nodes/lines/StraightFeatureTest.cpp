@@ -4,7 +4,6 @@
 #include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoLineSet.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "host/model/Edge.h"
 #include "host/model/Line.h"
@@ -13,6 +12,7 @@
 #include "nodes/lines/TarnOIEdgeSeparator.h"
 #include "nodes/lines/TarnOILineSeparator.h"
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 #include <cmath>
@@ -286,16 +286,13 @@ TYPED_TEST(StraightFeatureTest, ANodeWhoseChildrenWereDroppedIsBuiltAnew) {
 TYPED_TEST(StraightFeatureTest, EachShowingIsSignalledOnce) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(this->node.get());
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   this->show(1.5);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
   this->show(2.5);
-  EXPECT_EQ(signals, 2);
+  EXPECT_EQ(signals.count(), 2);
   this->show(1.0);
-  EXPECT_EQ(signals, 3);
+  EXPECT_EQ(signals.count(), 3);
 }
 
 // --- Reports

@@ -8,9 +8,9 @@
 #include <Inventor/nodes/SoScale.h>
 #include <Inventor/nodes/SoText2.h>
 #include <Inventor/nodes/SoTranslation.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 #include <cstring>
@@ -228,18 +228,15 @@ TEST_F(TarnOIAxisSeparatorTest, CoordinatesAreWrittenInPlaceAndLeaveScaleAndOrig
 TEST_F(TarnOIAxisSeparatorTest, EachChangeIsSignalledOnceTheBuildingWithIt) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(node.get());
-  int notified = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &notified);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   node->SetScale(1);
-  EXPECT_EQ(notified, 1);
+  EXPECT_EQ(signals.count(), 1);
   node->SetOrigin({1, 2, 3});
-  EXPECT_EQ(notified, 2);
+  EXPECT_EQ(signals.count(), 2);
   updateCoordinates();
-  EXPECT_EQ(notified, 3);
+  EXPECT_EQ(signals.count(), 3);
   node->SetScale(2);
-  EXPECT_EQ(notified, 4);
+  EXPECT_EQ(signals.count(), 4);
 }
 
 TEST_F(TarnOIAxisSeparatorTest, ADerivedClassMayPlaceALineInTheViewerFrame) {

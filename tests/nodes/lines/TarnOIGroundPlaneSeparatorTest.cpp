@@ -8,12 +8,12 @@
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoTransparencyType.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "host/model/Project.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
 #include "nodes/framework/ViewerFrame.h"
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 #include <cmath>
@@ -319,12 +319,9 @@ TEST_F(TarnOIGroundPlaneSeparatorTest, AnUpdateWritesThePointsInPlaceAndSignalsO
   update();
   const auto before = children(*node);
   addPoint({40, 100, 5});
-  int notified = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &notified);
-  sensor.setPriority(0);
-  sensor.attach(node.get());
+  SignalCount signals(node.get());
   node->UpdatePosition();
-  EXPECT_EQ(notified, 1);
+  EXPECT_EQ(signals.count(), 1);
   EXPECT_THAT(children(*node), ElementsAreArray(before));
   EXPECT_EQ(cornersOf(*node)[1][0], 70 - 10.5F);
 }

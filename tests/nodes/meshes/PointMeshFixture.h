@@ -7,13 +7,13 @@
 #include <Inventor/nodes/SoMaterialBinding.h>
 #include <Inventor/nodes/SoNormal.h>
 #include <Inventor/nodes/SoTransform.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "host/model/Material.h"
 #include "host/model/PointMesh.h"
 #include "nodes/meshes/TriangleLookups.h"
 #include "tests/nodes/meshes/OpenMeshNode.h"
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 #include <array>
@@ -92,13 +92,9 @@ protected:
   int signalsWhile(Change change) {
     auto parent = makeNode<SoGroup>();
     parent->addChild(node.get());
-    int signals = 0;
-    SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-    sensor.setPriority(0);  // called within each signal, not once for all of them
-    sensor.attach(parent.get());
+    SignalCount signals(parent.get());
     change();
-    sensor.detach();
-    return signals;
+    return signals.count();
   }
 
   tarn::PointMesh mesh;

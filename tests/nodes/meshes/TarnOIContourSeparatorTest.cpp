@@ -5,7 +5,6 @@
 #include <Inventor/nodes/SoLineSet.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoMaterialBinding.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "host/classes/VOrdCollect.h"
 #include "host/model/Material.h"
@@ -13,6 +12,7 @@
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 #include <vector>
@@ -154,16 +154,13 @@ TEST_F(TarnOIContourSeparatorTest, BuildingInASceneIsSignalledOnce) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(node.get());
   useFixedColor();
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   node->SetContour(&contour, &dictionary);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
   node->SetContour(&contour, &dictionary);
-  EXPECT_EQ(signals, 2);
+  EXPECT_EQ(signals.count(), 2);
   node->HighlightSubPoints(nullptr);
-  EXPECT_EQ(signals, 3);
+  EXPECT_EQ(signals.count(), 3);
 }
 
 // --- Setting again

@@ -18,13 +18,17 @@
 // The nodes that draw a plain point, for tests of what they have in common: each with its
 // object, how that gets its position, and the setter.
 
-struct OffsetPointCase {
+/// A point that is placed by its approximation.
+struct ApproximatedCase {
+  static void place(tarn::ThreeDPoint& point, const tarn::Point3DDouble& position) {
+    point.SetApproximation(tarn::Point3DRandom(position));
+  }
+};
+
+struct OffsetPointCase : ApproximatedCase {
   using Node = TarnOIOffsetPointSeparator;
   using Object = tarn::OffsetPoint;
   static constexpr const char* className = "TarnOIOffsetPointSeparator";
-  static void place(Object& point, const tarn::Point3DDouble& position) {
-    point.SetApproximation(tarn::Point3DRandom(position));
-  }
   static void set(Node& node, Object* point, tarn::VDictionary* dict) {
     node.SetOffsetPoint(point, dict);
   }
@@ -36,25 +40,19 @@ struct OffsetPointCase {
   static std::string label(int number) { return "Offset " + std::to_string(number); }
 };
 
-struct CheckPointCase {
+struct CheckPointCase : ApproximatedCase {
   using Node = TarnOICheckPointSeparator;
   using Object = tarn::CheckPoint;
   static constexpr const char* className = "TarnOICheckPointSeparator";
-  static void place(Object& point, const tarn::Point3DDouble& position) {
-    point.SetApproximation(tarn::Point3DRandom(position));
-  }
   static void set(Node& node, Object* point, tarn::VDictionary* dict) {
     node.SetCheckPoint(point, dict);
   }
 };
 
-struct ThreeDPointCase {
+struct ThreeDPointCase : ApproximatedCase {
   using Node = TarnOIThreeDPointsSeparator;
   using Object = tarn::ThreeDPointFromTarnObject;
   static constexpr const char* className = "TarnOIThreeDPointsSeparator";
-  static void place(Object& point, const tarn::Point3DDouble& position) {
-    point.SetApproximation(tarn::Point3DRandom(position));
-  }
   static void set(Node& node, Object* point, tarn::VDictionary* dict) {
     node.SetPoint(point, dict);
   }

@@ -3,10 +3,10 @@
 #include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoOrthographicCamera.h>
 
 #include "tests/nodes/points/PointNodeCases.h"
 #include "tests/support/Baseline.h"
+#include "tests/support/FrontView.h"
 #include "viewer/OffscreenRenderer.h"
 
 /// Draws a row of nodes as seen from the front (along the model's y): 16 units wide, 20 pixels
@@ -17,15 +17,6 @@ protected:
   static constexpr Baseline::Tolerance edges{255, 0.1};
 
   PointNodesGLTest() {
-    auto* camera = new SoOrthographicCamera;
-    camera->height = 5.0F;
-    camera->position.setValue(0, 0, 50);
-    camera->nearDistance = 1.0F;
-    camera->farDistance = 100.0F;
-    scene->addChild(camera);
-    auto* light = new SoDirectionalLight;
-    light->direction.setValue(0.4F, -0.5F, -1.0F);
-    scene->addChild(light);
     auto* style = new SoDrawStyle;
     style->pointSize = 9.0F;
     scene->addChild(style);
@@ -35,10 +26,13 @@ protected:
   }
   ~PointNodesGLTest() override { scene.reset(); }  // ahead of the objects
 
-  void unlit() {
+  void light() {
     auto* model = new SoLightModel;
-    model->model = SoLightModel::BASE_COLOR;
+    model->model = SoLightModel::PHONG;
     scene->addChild(model);
+    auto* light = new SoDirectionalLight;
+    light->direction.setValue(0.4F, -0.5F, -1.0F);
+    scene->addChild(light);
   }
 
   /// Adds a node, `right` and `up` of the middle, in a colour of its own.
@@ -75,11 +69,10 @@ protected:
   tarn::ThreeDPointFromTarnObject derived;
   tarn::ImportedPoint imported;
   tarn::AffineObjectNPoint affine;
-  NodeRef<SoSeparator> scene = makeNode<SoSeparator>();
+  NodeRef<SoSeparator> scene = frontView(5.0F);
 };
 
 TEST_F(PointNodesGLTest, EachKindIsAPointAtItsPlace) {
-  unlit();
   add<OffsetPointCase>(offset, -6, 1, red);
   add<CheckPointCase>(check, -3, -1, yellow);
   add<ThreeDPointCase>(derived, 0, 0, green);
@@ -89,13 +82,13 @@ TEST_F(PointNodesGLTest, EachKindIsAPointAtItsPlace) {
 }
 
 TEST_F(PointNodesGLTest, ImportedPointsAndAffineObjectsAreSpheresOfTheirSize) {
+  light();
   add<ImportedPointCase>(imported, -3, 0, cyan, 1.0F);
   add<AffineObjectCase>(affine, 3, 0, violet, 2.0F);
   expectPicture("points_as_spheres");
 }
 
 TEST_F(PointNodesGLTest, LabelsBeginAtTheirPoints) {
-  unlit();
   auto* offsetNode = add<OffsetPointCase>(offset, -6, 0, red);
   offset.SetOffset(&from, {});
   offsetNode->UpdateTextLable(1, 0);

@@ -5,10 +5,10 @@
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "nodes/framework/TarnOISearchAction.h"
 #include "tests/nodes/points/PointNodeCases.h"
+#include "tests/support/SignalCount.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -70,14 +70,11 @@ TYPED_TEST(PointShapeTest, NullBuildsNothing) {
 TYPED_TEST(PointShapeTest, BuildingAndBindingAgainAreSignalledOnceEach) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(this->node.get());
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   this->set(&this->object);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
   this->set(&this->other);
-  EXPECT_EQ(signals, 2);
+  EXPECT_EQ(signals.count(), 2);
 }
 
 TYPED_TEST(PointShapeTest, BindingAgainKeepsTheChildrenAndMovesTheCoordinate) {

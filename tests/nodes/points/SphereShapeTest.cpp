@@ -4,9 +4,9 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSphere.h>
 #include <Inventor/nodes/SoTranslation.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "tests/nodes/points/PointNodeCases.h"
+#include "tests/support/SignalCount.h"
 
 #include <limits>
 
@@ -87,12 +87,9 @@ TYPED_TEST(SphereShapeTest, RebuildingIsSignalledOnce) {
   parent->addChild(this->node.get());
   this->set(&this->object);
   this->node->SetSphereSize(0.5F);
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   this->set(&this->object);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
 }
 
 TYPED_TEST(SphereShapeTest, ASphereAskedToBeAPointAgainIsReportedAndStays) {

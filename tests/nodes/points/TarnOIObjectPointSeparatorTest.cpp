@@ -9,7 +9,6 @@
 #include <Inventor/nodes/SoPointSet.h>
 #include <Inventor/nodes/SoSphere.h>
 #include <Inventor/nodes/SoTransform.h>
-#include <Inventor/sensors/SoNodeSensor.h>
 
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/ImportedPoint.h"
@@ -22,6 +21,7 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOIText2.h"
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 #include <cmath>
@@ -186,15 +186,12 @@ TEST_F(TarnOIObjectPointSeparatorTest, BuildingInASceneIsSignalledOnce) {
   auto parent = makeNode<SoSeparator>();
   parent->addChild(node.get());
   point.SetRGBTextureColor(tarn::Colour(10, 20, 30));
-  int signals = 0;
-  SoNodeSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &signals);
-  sensor.setPriority(0);  // called within each signal, not once for all of them
-  sensor.attach(parent.get());
+  SignalCount signals(parent.get());
   node->SetObjectPoint(&point, &dictionary, 1, 1);
-  EXPECT_EQ(signals, 1);
+  EXPECT_EQ(signals.count(), 1);
   EXPECT_TRUE(node->isNotifyEnabled());
   node->addChild(new SoCube);
-  EXPECT_EQ(signals, 2) << "later changes are signalled as ever";
+  EXPECT_EQ(signals.count(), 2) << "later changes are signalled as ever";
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, ANodeWhoseChildrenWereDroppedIsBuiltAnew) {

@@ -1,6 +1,6 @@
 // What the labels of offset and imported points do alike. The object point, whose report
 // has another text, has its own test.
-#include "nodes/framework/PointLabel.h"
+#include "nodes/points/PointLabel.h"
 
 #include "tests/nodes/points/PointNodeCases.h"
 

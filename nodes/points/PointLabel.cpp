@@ -1,4 +1,4 @@
-#include "nodes/framework/PointLabel.h"
+#include "nodes/points/PointLabel.h"
 
 #include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/TarnOIAssert.h"
