@@ -11,4 +11,8 @@ namespace tarn {
 /// pages. A wish only; it changes no content.
 TARN_HOST_EXPORT void adviseLargePages(void* memory, std::size_t bytes);
 
+/// The same, and has the pages handed out at once, the small ones at both ends too: for memory
+/// that is then written from one end to the other.
+TARN_HOST_EXPORT void makeLargePages(void* memory, std::size_t bytes);
+
 }  // namespace tarn

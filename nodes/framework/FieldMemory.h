@@ -1,7 +1,5 @@
 #pragma once
 
-#include <Inventor/fields/SoMFColor.h>
-
 #include "host/general/LargePages.h"
 
 #include <cstddef>
@@ -19,21 +17,20 @@ template <typename Field>
 using Value = std::remove_pointer_t<decltype(std::declval<Field&>().startEditing())>;
 
 /// Gives the field `count` values, whatever the memory holds. A field of that size keeps its
-/// memory; any other forgets its values and gets exactly as much as it needs, untouched.
+/// memory; any other forgets its values and gets exactly as much as it needs, which is its own as
+/// ever.
 template <typename Field>
 void resize(Field& field, int count) {
   if (field.getNum() == count) return;
   field.setNum(0);  // else Coin copies what is there, and doubles until the size is reached
   if (count <= 0) return;
+  // Not by setNum, which sets integers to 0 and calls the empty constructor of each colour:
+  // either takes as long as filling.
   const std::size_t bytes = static_cast<std::size_t>(count) * sizeof(Value<Field>);
-  if constexpr (std::is_same_v<Field, SoMFColor>) {
-    // setNum would call the empty constructor of each colour, which takes as long as filling.
-    field.setValuesPointer(count, static_cast<SbColor*>(::operator new[](bytes)));
-    field.enableDeleteValues();
-  } else {
-    field.setNum(count);
-  }
-  tarn::adviseLargePages(field.startEditing(), bytes);
+  void* const memory = ::operator new[](bytes);
+  tarn::makeLargePages(memory, bytes);
+  field.setValuesPointer(count, static_cast<Value<Field>*>(memory));
+  field.enableDeleteValues();
 }
 
 /// Hands the values of one field, with their memory, to another and takes its own in exchange.

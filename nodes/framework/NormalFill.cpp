@@ -25,7 +25,7 @@ void NormalFill::makeRoom(int index) {
   if (!vectors) {
     const auto size = static_cast<std::size_t>(capacity);
     vectors = std::make_unique_for_overwrite<SbVec3f[]>(size);
-    tarn::adviseLargePages(vectors.get(), size * sizeof(SbVec3f));
+    tarn::makeLargePages(vectors.get(), size * sizeof(SbVec3f));
   }
   std::fill(vectors.get() + count, vectors.get() + index, noDirection);
 }

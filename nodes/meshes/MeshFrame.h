@@ -29,7 +29,7 @@ public:
   /// Writes the mesh's points into `placed`, which has room for `count`. A mesh of a host's own
   /// class is asked before each point how many it has: it may lose points meanwhile. What is
   /// not written then is the origin.
-  void place(const tarn::PointMesh& mesh, SbVec3f* placed, int count) const;
+  void place(tarn::PointMesh& mesh, SbVec3f* placed, int count) const;
 
 private:
   tarn::Point3DDouble offset;

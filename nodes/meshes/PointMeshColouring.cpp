@@ -15,6 +15,7 @@
 #include "nodes/framework/HeightRamp.h"
 #include "nodes/framework/OneNotification.h"
 #include "nodes/framework/TarnOIAssert.h"
+#include "nodes/meshes/MeshRows.h"
 #include "nodes/meshes/PointColours.h"
 
 #include <algorithm>
@@ -58,14 +59,13 @@ void TarnOIPointMeshSeparator::ColorPointsWithTexture(int on, int mode, tarn::Pr
     return;
   }
   if (on && isTriangulated()) return;
-  const unsigned char* const* rgbs = on && mesh() ? mesh()->GetRGBsForPoints() : nullptr;
-  if (!rgbs) {
+  if (!on || !mesh() || !mesh()->GetRGBsForPoints()) {
     removeColours();
     return;
   }
-  colourPoints([rgbs](SbColor* colours, int count) {
-    const PointColours stored(rgbs);
-    for (int i = 0; i < count; ++i) colours[i] = stored[i];
+  colourPoints([this](SbColor* colours, int count) {
+    MeshRows::withColours(
+        *mesh(), [colours, count](auto rowOf) { PointColours().copy(rowOf, colours, count); });
   });
 }
 
@@ -75,19 +75,21 @@ void TarnOIPointMeshSeparator::ColorRange(int on, tarn::Project* project) {
     return;
   }
   colourPoints([this, project](SbColor* colours, int count) {
-    const float* const* points = mesh()->GetPoints();
     tarn::BasicAffine* affine = project ? project->GetAffineTransform(1) : nullptr;
     const HeightRange range = preferredRange(*mesh(), project, affine);
     const HeightRamp ramp(FalseColour::fromPreferences(), range.minimum.z, range.maximum.z);
-    if (affine) {
-      ramp.paint(colours, count, [points, affine](int i) {
-        tarn::Point3DDouble point(points[i][0], points[i][1], points[i][2]);
+    MeshRows::withPositions(*mesh(), [&](auto rowOf) {
+      if (!affine) {
+        ramp.paint(colours, count, [rowOf](int i) { return rowOf(i)[2]; });
+        return;
+      }
+      ramp.paint(colours, count, [rowOf, affine](int i) {
+        const float* const row = rowOf(i);
+        tarn::Point3DDouble point(row[0], row[1], row[2]);
         affine->ConvertPoint(point);
         return point.z;
       });
-    } else {
-      ramp.paint(colours, count, [points](int i) { return points[i][2]; });
-    }
+    });
   });
 }
 

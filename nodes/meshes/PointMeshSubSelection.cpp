@@ -19,6 +19,7 @@
 #include "nodes/framework/OneNotification.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/TarnOIAssert.h"
+#include "nodes/meshes/MeshRows.h"
 #include "nodes/meshes/PointColours.h"
 #include "nodes/meshes/TriangleLookups.h"
 
@@ -74,15 +75,16 @@ void TarnOIPointMeshSeparator::HighlightSubPoints(tarn::VOrdCollect* pointIndexe
   const OneNotification once(*this);
   placeSubHighlight();
   const SbColor plain = materialColours().diffuse;
-  const unsigned char* const* rgbs = mesh()->GetRGBsForPoints();
   const int points = mesh()->GetNumPoints();
+  const int coloured = mesh()->GetRGBsForPoints() ? points : 0;
   const int count = std::max(points, pointPos ? pointPos->point.getNum() : 0);
-  const int coloured = rgbs ? points : 0;
 
   const FieldFill fill(subHighlight.material->diffuseColor, count);
   SbColor* const colours = fill.values();
-  const PointColours stored(rgbs);
-  for (int i = 0; i < coloured; ++i) colours[i] = stored[i];
+  if (coloured > 0) {
+    MeshRows::withColours(*mesh(),
+                          [&](auto rowOf) { PointColours().copy(rowOf, colours, coloured); });
+  }
   std::fill(colours + coloured, colours + count, plain);
   SubHighlight::paint(colours, count, pointIndexes, subHighlightColor);
 }

@@ -122,8 +122,8 @@ void MeshLayer::colorSurface(const Shown& shown, Color color) {
   };
   std::vector<SbColor> ofPoints(static_cast<std::size_t>(mesh.GetNumPoints()), uncoloured);
   if (color == Color::eRgb) {
-    const PointColours own(mesh.GetRGBsForPoints());
-    for (int i = 0; i < mesh.GetNumPoints(); ++i) ofPoints[static_cast<std::size_t>(i)] = own[i];
+    unsigned char** own = mesh.GetRGBsForPoints();
+    PointColours().copy([own](int i) { return own[i]; }, ofPoints.data(), mesh.GetNumPoints());
   } else if (color == Color::eHeight) {
     tarn::Extents extents;
     project.GetPointMeshExtents(extents, nullptr);

@@ -14,6 +14,14 @@ TEST_F(LargePagesTest, AdviceChangesNothing) {
   EXPECT_EQ(std::ranges::count(numbers, 7), 3'000'000);
 }
 
+TEST_F(LargePagesTest, MakingThemChangesNothing) {
+  std::vector<int> numbers(3'000'000, 7);
+  tarn::makeLargePages(numbers.data(), numbers.size() * sizeof(int));
+  tarn::makeLargePages(numbers.data() + 1, 5'000'000);
+  tarn::makeLargePages(nullptr, 0);
+  EXPECT_EQ(std::ranges::count(numbers, 7), 3'000'000);
+}
+
 TEST_F(LargePagesTest, NoMemoryAndLittleMemoryAreNothingToAdviseOn) {
   int number = 7;
   tarn::adviseLargePages(nullptr, 0);

@@ -3,6 +3,7 @@
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoTextureCoordinate2.h>
 
 #include "nodes/framework/NodeRef.h"
 #include "tests/support/TarnTest.h"
@@ -40,15 +41,24 @@ TEST_F(FieldMemoryTest, AFieldOfThatSizeKeepsItsMemory) {
   EXPECT_EQ(material->diffuseColor.startEditing(), colours);
 }
 
-TEST_F(FieldMemoryTest, ColoursBelongToTheirFieldWhichMayGrowAndShrinkAsEver) {
-  FieldMemory::resize(material->diffuseColor, 3);
-  for (int i = 0; i < 3; ++i) material->diffuseColor.startEditing()[i] = SbColor(0.5F, 0.25F, 0.0F);
-  EXPECT_TRUE(material->diffuseColor.isDeleteValuesEnabled());
-  material->diffuseColor.set1Value(9, SbColor(1.0F, 0.0F, 0.0F));
-  EXPECT_EQ(material->diffuseColor.getNum(), 10);
-  EXPECT_EQ(material->diffuseColor[2], SbColor(0.5F, 0.25F, 0.0F));
-  material->diffuseColor.setNum(1);
-  EXPECT_EQ(material->diffuseColor[0], SbColor(0.5F, 0.25F, 0.0F));
+TEST_F(FieldMemoryTest, EveryKindOfFieldOwnsItsValuesAndMayGrowAndShrinkAsEver) {
+  const auto check = [](auto& field, const auto& first, const auto& second) {
+    FieldMemory::resize(field, 3);
+    field.startEditing()[2] = first;
+    EXPECT_TRUE(field.isDeleteValuesEnabled());
+    field.set1Value(9, second);
+    EXPECT_EQ(field.getNum(), 10);
+    EXPECT_EQ(field[2], first);
+    field.setNum(3);
+    EXPECT_EQ(field[2], first);
+    field.setNum(0);
+  };
+  const auto faces = makeNode<SoIndexedFaceSet>();
+  const auto places = makeNode<SoTextureCoordinate2>();
+  check(coordinates->point, SbVec3f(1, 2, 3), SbVec3f(4, 5, 6));
+  check(material->diffuseColor, SbColor(0.5F, 0.25F, 0.0F), SbColor(1.0F, 0.0F, 0.0F));
+  check(places->point, SbVec2f(1, 2), SbVec2f(4, 5));
+  check(faces->coordIndex, 7, 8);
 }
 
 TEST_F(FieldMemoryTest, LargeFieldsAreWrittenToTheirEnds) {

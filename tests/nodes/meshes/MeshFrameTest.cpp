@@ -31,8 +31,7 @@ void fill(tarn::PointMesh& mesh, const std::vector<float>& numbers) {
 
 class MeshFrameTest : public TarnTest {
 protected:
-  static std::vector<SbVec3f> placed(const MeshFrame& frame, const tarn::PointMesh& mesh,
-                                     int count) {
+  static std::vector<SbVec3f> placed(const MeshFrame& frame, tarn::PointMesh& mesh, int count) {
     std::vector<SbVec3f> result(static_cast<std::size_t>(count), SbVec3f(9.0F, 9.0F, 9.0F));
     frame.place(mesh, result.data(), count);
     return result;

@@ -34,6 +34,20 @@ std::vector<PreferenceRead> readsOf(std::vector<PreferenceRead> first) {
   return first;
 }
 
+// Keeps its points elsewhere: all four are the same.
+class HostsMesh : public tarn::PointMesh {
+public:
+  float** GetPoints() const override { return const_cast<float**>(positions); }
+  unsigned char** GetRGBsForPoints() const override { return const_cast<unsigned char**>(colours); }
+
+  std::array<float, 3> position{7.5F, -6.5F, 5.5F};
+  std::array<unsigned char, 3> colour{10, 20, 30};
+
+private:
+  float* positions[4] = {position.data(), position.data(), position.data(), position.data()};
+  unsigned char* colours[4] = {colour.data(), colour.data(), colour.data(), colour.data()};
+};
+
 }  // namespace
 
 /// Colours of a cloud's points. The heights of `points` are -3.75, 8, 6.25 and 20.
@@ -434,6 +448,22 @@ TEST_F(PointMeshColouringTest, ALargeCloudHasTheColourOfEachHeight) {
     ASSERT_EQ(result[static_cast<std::size_t>(i)], bytes(host.blue(), host.green(), host.red()))
         << i;
   }
+}
+
+// --- A host's own class of mesh
+
+TEST_F(PointMeshColouringTest, AHostsOwnMeshIsColouredFromThePointersItHandsOut) {
+  HostsMesh hosts;
+  setPoints(hosts, points);
+  node->SetPointCloudPointMesh(&hosts, &dictionary);
+  EXPECT_EQ(node->pointPos->point[0], shown(hosts.position));
+  node->ColorPointsWithTexture(1, trueColours, &project);
+  EXPECT_THAT(colours(), ::testing::Each(bytes(30, 20, 10)));
+  node->ColorRange(1, &project);
+  EXPECT_THAT(colours(), ::testing::Each(ramp((5.5 + 3.75) / 23.75)));
+  node->HighlightSubPoints(nullptr);
+  EXPECT_EQ(node->subHighlight.material->diffuseColor[3], bytes(30, 20, 10));
+  node.reset();
 }
 
 // --- Highlights
