@@ -67,18 +67,18 @@ void parseView(const std::string& text, CommandLine& commandLine) {
   }
 }
 
-CommandLine::Highlight parseHighlight(const std::string& text) {
-  CommandLine::Highlight highlight;
+CommandLine::Object parseObject(const std::string& option, const std::string& text) {
+  CommandLine::Object object;
   if (const auto number = after(text, "point:");
-      number && parseNumber(*number, highlight.pointNumber)) {
-    return highlight;
+      number && parseNumber(*number, object.pointNumber)) {
+    return object;
   }
   if (const auto name = after(text, "station:"); name && !name->empty()) {
-    highlight.kind = CommandLine::HighlightKind::eStation;
-    highlight.stationName = *name;
-    return highlight;
+    object.kind = CommandLine::Object::Kind::eStation;
+    object.stationName = *name;
+    return object;
   }
-  throw CLI::ValidationError("--highlight",
+  throw CLI::ValidationError(option,
                              "found \"" + text + "\", expected point:NUMBER or station:NAME");
 }
 
@@ -136,6 +136,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   std::string size;
   std::string view;
   std::string highlight;
+  std::vector<std::string> rays;
   std::string background;
   std::string color;
   bool noCloud = false;
@@ -178,6 +179,12 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
       app.add_option("--contours", contours,
                      "Draw lines of equal height over clouds and meshes, SPACING units apart")
           ->type_name("SPACING");
+  app.add_option("--rays", rays,
+                 "Show the rays of point:NUMBER or station:NAME; may be given several times")
+      ->type_name("WHAT")
+      ->allow_extra_args(false);  // what follows is PROJECT
+  app.add_flag("--axis", commandLine.axis, "Show the axes X, Y and Z");
+  app.add_flag("--ground-plane", commandLine.groundPlane, "Show a plane under the object");
   const CLI::Option* backgroundOption =
       app.add_option("--background", background,
                      "none (transparent in a picture), plain or gradient [gradient]")
@@ -199,12 +206,15 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
     }
     if (sizeOption->count() > 0) commandLine.size = parseSize(size);
     if (viewOption->count() > 0) parseView(view, commandLine);
-    if (highlightOption->count() > 0) commandLine.highlight = parseHighlight(highlight);
     if (noCloud && cloudOption->count() > 0) {
       throw CLI::ValidationError("--no-cloud", "found together with --cloud, expected one of them");
     }
     commandLine.findCloud = !noCloud;
     if (colorOption->count() > 0) commandLine.color = parseColor(color);
+    if (highlightOption->count() > 0) commandLine.highlight = parseObject("--highlight", highlight);
+    for (const std::string& what : rays) {
+      commandLine.rays.push_back(parseObject("--rays", what));
+    }
     if (backgroundOption->count() > 0) commandLine.background = parseBackground(background);
     if (ellipsoidOption->count() > 0) {
       commandLine.ellipsoidScale = parseSizeOf("--ellipsoids", ellipsoids);

@@ -8,14 +8,15 @@
 struct CommandLine {
   enum class View { eIso, eTop, eFront, eRight, eStation };
   enum class Background { eNone, ePlain, eGradient };
-  enum class HighlightKind { ePoint, eStation };
   struct Size {
     static constexpr int mostPixels = 16384;  ///< a side, of all pictures that are drawn
     int width = 1600;
     int height = 1200;
   };
-  struct Highlight {
-    HighlightKind kind = HighlightKind::ePoint;
+  /// An object of the project as it is named in a call: point:NUMBER or station:NAME.
+  struct Object {
+    enum class Kind { ePoint, eStation };
+    Kind kind = Kind::ePoint;
     long pointNumber = 0;
     std::string stationName;
   };
@@ -33,11 +34,14 @@ struct CommandLine {
   bool frusta = false;
   bool labels = false;
   std::optional<double> ellipsoidScale;  ///< 1e-9 to 1e9
-  std::optional<Highlight> highlight;
   std::optional<Color> color;
   std::optional<double> contourSpacing;  ///< 1e-9 to 1e9
   std::string cloud;                     ///< a PLY file; empty when none is named
   bool findCloud = true;                 ///< whether a model's own dense cloud is looked for
+  std::optional<Object> highlight;
+  std::vector<Object> rays;  ///< whose rays are shown
+  bool axis = false;
+  bool groundPlane = false;
   Background background = Background::eGradient;
   bool listNodes = false;
 

@@ -43,8 +43,11 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
       stations(project, {options.imagePlanes, options.frusta}, viewFraming, context),
       meshes(project, options.color, context),
       points(project, options.ellipsoidScale, context),
+      rays(context),
       sceneRoot(makeNode<SoSeparator>()),
-      sceneBackground(*sceneRoot, options.background) {
+      sceneBackground(*sceneRoot, options.background),
+      axis(viewFraming),
+      groundPlane(*sceneRoot, project, viewFraming) {
   addSurroundings(project.GetObjectPoints().size());
   sceneRoot->addChild(stations.root());
   sceneRoot->addChild(meshes.root());
@@ -59,7 +62,12 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
     sceneRoot->addChild(contours->root());
   }
   sceneRoot->addChild(points.root());
+  sceneRoot->addChild(rays.root());
+  sceneRoot->addChild(axis.root());
+  sceneRoot->addChild(groundPlane.root());
   sceneRoot->addChild(points.onTop());
+  setAxis(options.axis);
+  setGroundPlane(options.groundPlane);
 }
 
 ProjectScene::~ProjectScene() = default;
@@ -85,8 +93,10 @@ void ProjectScene::addSurroundings(int points) {
 }
 
 void ProjectScene::setView(CommandLine::View view, double aspect) {
-  const ViewFraming all = framingOfAll();
+  ViewFraming all = framingOfAll();
   setCamera(all.makeCamera(view, aspect));
+  // The ground plane reaches out of the picture, but not out of its depth.
+  groundPlane.includeIn(all);
   all.setDepthRange(currentCamera, stations.symbolSize() * 2.0);
 }
 
@@ -122,10 +132,11 @@ void ProjectScene::setCamera(SoCamera* camera) {
   points.setDrawnOver(false);
 }
 
-// What the stations show besides themselves has to fit into the picture, too.
+// What is shown besides the objects themselves has to fit into the picture, too.
 ViewFraming ProjectScene::framingOfAll() const {
   ViewFraming all = viewFraming;
   stations.includeIn(all);
+  axis.includeIn(all);
   return all;
 }
 
@@ -156,4 +167,14 @@ void ProjectScene::highlight(tarn::CameraStation& station) {
 void ProjectScene::clearHighlight() {
   stations.clearMark();
   points.clearMark();
+}
+
+void ProjectScene::toggleRaysOfHighlighted() {
+  tarn::ObjectPoint* point = points.markedPoint();
+  tarn::CameraStation* station = stations.markedStation();
+  const bool shown = (point && rays.shows(*point)) || (station && rays.shows(*station));
+  rays.clear();
+  if (shown) return;
+  if (point) rays.add(*point);
+  if (station) rays.add(*station);
 }

@@ -4,12 +4,15 @@
 #include <Inventor/nodes/SoSeparator.h>
 
 #include "nodes/framework/NodeRef.h"
+#include "viewer/AxisCross.h"
 #include "viewer/CommandLine.h"
+#include "viewer/GroundPlane.h"
 #include "viewer/SceneBackground.h"
 #include "viewer/ViewFraming.h"
 #include "viewer/layers/ContourLayer.h"
 #include "viewer/layers/MeshLayer.h"
 #include "viewer/layers/PointLayer.h"
+#include "viewer/layers/RayLayer.h"
 #include "viewer/layers/SceneContext.h"
 #include "viewer/layers/StationLayer.h"
 
@@ -23,8 +26,9 @@ class SoCamera;
 ///
 /// The root's children: the background where it is a gradient, a light and what else holds
 /// for all, the camera, then the layers (camera stations, point meshes, contours, object
-/// points), and last what is drawn over all else: a point that is marked, which stands there a
-/// second time. The light stands ahead of the camera and so shines from the eye.
+/// points, rays), the axes, the ground plane, and last what is drawn over all else: a point that is
+/// marked, which stands there a second time. The light stands ahead of the camera and so shines
+/// from the eye.
 ///
 ///     tarn::Project project;
 ///     ProjectFile::open("examples/demo", project, {});
@@ -33,8 +37,8 @@ class SoCamera;
 ///     OffscreenRenderer renderer(800, 600);
 ///     renderer.render(scene.root()).writePng("demo.png");
 ///
-/// It sets the global view offset to the middle of the project, and the preference for how
-/// much photographs are shrunk. The project must outlive it.
+/// It sets the global view offset to the middle of the project, the project's ground level,
+/// and the preference for how much photographs are shrunk. The project must outlive it.
 class ProjectScene {
 public:
   struct Options {
@@ -43,6 +47,8 @@ public:
     std::optional<double> ellipsoidScale;
     std::optional<CommandLine::Color> color;  ///< of clouds and meshes; see MeshLayer::setColor
     std::optional<double> contourSpacing;     ///< in units of the project
+    bool axis = false;
+    bool groundPlane = false;
     SceneBackground::Kind background = SceneBackground::Kind::eGradient;
     tarn::ProgressHandler progress;  ///< may be empty
   };
@@ -81,6 +87,16 @@ public:
   void clearHighlight();
 
   void setColor(std::optional<CommandLine::Color> color) { meshes.setColor(color); }
+  /// Shows the rays between the point and the stations that saw it, or between the station
+  /// and the points that it saw, besides those that are shown already.
+  void showRays(tarn::ObjectPoint& point) { rays.add(point); }
+  void showRays(tarn::CameraStation& station) { rays.add(station); }
+  /// Shows the rays of the marked object and no others; hides all when they are shown, or
+  /// when nothing is marked.
+  void toggleRaysOfHighlighted();
+
+  void setAxis(bool show) { axis.show(show); }
+  void setGroundPlane(bool show) { groundPlane.show(show); }
   void setBackground(SceneBackground::Kind kind) { sceneBackground.set(kind); }
 
   SoSeparator* root() const { return sceneRoot.get(); }
@@ -90,6 +106,8 @@ public:
   bool showsImagePlanes() const { return stations.showsImagePlanes(); }
   bool showsFrusta() const { return stations.showsFrusta(); }
   bool showsLabels() const { return labelsShown; }
+  bool showsAxis() const { return axis.isShown(); }
+  bool showsGroundPlane() const { return groundPlane.isShown(); }
   /// Its colour is for whoever clears the picture or the window.
   const SceneBackground& background() const { return sceneBackground; }
 
@@ -109,8 +127,11 @@ private:
   MeshLayer meshes;
   std::optional<ContourLayer> contours;
   PointLayer points;
+  RayLayer rays;
   NodeRef<SoSeparator> sceneRoot;  // after the layers: it lets their nodes go first
   SceneBackground sceneBackground;
+  AxisCross axis;
+  GroundPlane groundPlane;
   SoCamera* currentCamera = nullptr;
   bool labelsShown = false;
 };

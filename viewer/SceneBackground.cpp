@@ -5,11 +5,12 @@
 #include "nodes/framework/SoGradientBackground.h"
 
 // The gradient's own colours reach from near white to near black; points of photographs are
-// both. These keep points, marks and names apart from what is behind them.
+// both. These keep points, marks and names apart from what is behind them. It is lighter above,
+// where the cameras with their dark bodies mostly are.
 SceneBackground::SceneBackground(SoGroup& scene, Kind kind)
     : scene(scene), gradient(makeNode<SoGradientBackground>()) {
-  gradient->color0 = SbColor(0.48F, 0.51F, 0.55F);
-  gradient->color1 = SbColor(0.22F, 0.26F, 0.33F);
+  gradient->color0 = SbColor(0.23F, 0.25F, 0.29F);
+  gradient->color1 = SbColor(0.43F, 0.47F, 0.53F);
   set(kind);
 }
 

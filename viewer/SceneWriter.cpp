@@ -8,6 +8,7 @@
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTexture2.h>
+#include <Inventor/nodes/SoTransparencyType.h>
 
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/CameraStation.h"
@@ -62,9 +63,12 @@ private:
 
   static bool isWritten(const SoNode& node) {
     // A background is the business of the program that shows the scene, and Inventor has no
-    // node for one; a depth buffer is unknown to other implementations of Inventor than Coin.
-    return !node.isOfType(SoBackground::getClassTypeId()) &&
-           !node.isOfType(SoDepthBuffer::getClassTypeId());
+    // node for one. The others are Coin's own, unknown to other implementations of Inventor.
+    for (const SoType& left : {SoBackground::getClassTypeId(), SoDepthBuffer::getClassTypeId(),
+                               SoTransparencyType::getClassTypeId()}) {
+      if (node.isOfType(left)) return false;
+    }
+    return true;
   }
 
   // The nearest ancestor that is not this library's own, and can be made.

@@ -94,9 +94,13 @@ public:
     options.ellipsoidScale = commandLine.ellipsoidScale;
     options.color = commandLine.color;
     options.contourSpacing = commandLine.contourSpacing;
+    options.axis = commandLine.axis;
+    options.groundPlane = commandLine.groundPlane;
     options.background = commandLine.background;
     options.progress = report;
     ProjectScene scene(project, options);
+    for (tarn::ObjectPoint* point : rayPoints) scene.showRays(*point);
+    for (tarn::CameraStation* station : rayStations) scene.showRays(*station);
     if (highlightPoint) scene.highlight(*highlightPoint);
     if (highlightStation) scene.highlight(*highlightStation);
     const CommandLine::Size size = commandLine.size ? *commandLine.size
@@ -151,11 +155,19 @@ private:
     if (commandLine.view == View::eStation) {
       viewStation = &ProjectFile::findStation(project, commandLine.viewStation);
     }
-    if (!commandLine.highlight) return;
-    if (commandLine.highlight->kind == CommandLine::HighlightKind::ePoint) {
-      highlightPoint = &ProjectFile::findPoint(project, commandLine.highlight->pointNumber);
-    } else {
-      highlightStation = &ProjectFile::findStation(project, commandLine.highlight->stationName);
+    if (const auto& object = commandLine.highlight) {
+      if (object->kind == CommandLine::Object::Kind::ePoint) {
+        highlightPoint = &ProjectFile::findPoint(project, object->pointNumber);
+      } else {
+        highlightStation = &ProjectFile::findStation(project, object->stationName);
+      }
+    }
+    for (const CommandLine::Object& object : commandLine.rays) {
+      if (object.kind == CommandLine::Object::Kind::ePoint) {
+        rayPoints.push_back(&ProjectFile::findPoint(project, object.pointNumber));
+      } else {
+        rayStations.push_back(&ProjectFile::findStation(project, object.stationName));
+      }
     }
   }
 
@@ -166,6 +178,8 @@ private:
   tarn::CameraStation* viewStation = nullptr;
   tarn::CameraStation* highlightStation = nullptr;
   tarn::ObjectPoint* highlightPoint = nullptr;
+  std::vector<tarn::ObjectPoint*> rayPoints;
+  std::vector<tarn::CameraStation*> rayStations;
 };
 
 }  // namespace

@@ -32,6 +32,9 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
   EXPECT_FALSE(line.size.has_value());
   EXPECT_FALSE(line.ellipsoidScale.has_value());
   EXPECT_FALSE(line.highlight.has_value());
+  EXPECT_TRUE(line.rays.empty());
+  EXPECT_FALSE(line.axis);
+  EXPECT_FALSE(line.groundPlane);
   EXPECT_EQ(line.background, CommandLine::Background::eGradient);
   EXPECT_FALSE(line.color.has_value());
   EXPECT_EQ(line.cloud, "");
@@ -39,9 +42,14 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
 }
 
 TEST_F(CommandLineTest, EveryOptionIsTaken) {
-  const CommandLine line = accepted({"p", "--render", "o.png", "--size", "640x480", "--view", "top",
-                                     "--image-planes", "--frusta", "--labels", "--ellipsoids",
-                                     "2.5", "--highlight", "point:17", "--write", "o.iv"});
+  const CommandLine line = accepted({"p",           "--render",       "o.png",
+                                     "--size",      "640x480",        "--view",
+                                     "top",         "--image-planes", "--frusta",
+                                     "--labels",    "--ellipsoids",   "2.5",
+                                     "--highlight", "point:17",       "--write",
+                                     "o.iv",        "--axis",         "--ground-plane",
+                                     "--rays",      "point:3",        "--background",
+                                     "plain"});
   EXPECT_EQ(line.renderFile, "o.png");
   EXPECT_EQ(line.writeFile, "o.iv");
   ASSERT_TRUE(line.size.has_value());
@@ -54,6 +62,11 @@ TEST_F(CommandLineTest, EveryOptionIsTaken) {
   EXPECT_EQ(line.ellipsoidScale, 2.5);
   ASSERT_TRUE(line.highlight.has_value());
   EXPECT_EQ(line.highlight->pointNumber, 17);
+  EXPECT_TRUE(line.axis);
+  EXPECT_TRUE(line.groundPlane);
+  ASSERT_EQ(line.rays.size(), 1U);
+  EXPECT_EQ(line.rays[0].pointNumber, 3);
+  EXPECT_EQ(line.background, CommandLine::Background::ePlain);
   EXPECT_FALSE(line.wantsWindow());
 }
 
@@ -70,8 +83,20 @@ TEST_F(CommandLineTest, ViewsAreKnownByName) {
 TEST_F(CommandLineTest, HighlightNamesAStation) {
   const CommandLine line = accepted({"p", "--highlight", "station:left01.jpg"});
   ASSERT_TRUE(line.highlight.has_value());
-  EXPECT_EQ(line.highlight->kind, CommandLine::HighlightKind::eStation);
+  EXPECT_EQ(line.highlight->kind, CommandLine::Object::Kind::eStation);
   EXPECT_EQ(line.highlight->stationName, "left01.jpg");
+}
+
+TEST_F(CommandLineTest, RaysOfSeveralObjectsAreTakenInTheirOrder) {
+  const CommandLine line = accepted(
+      {"--rays", "station:a b.jpg", "p", "--rays=point:17", "--rays", "point:3", "--frusta"});
+  EXPECT_EQ(line.project, "p");
+  ASSERT_EQ(line.rays.size(), 3U);
+  EXPECT_EQ(line.rays[0].kind, CommandLine::Object::Kind::eStation);
+  EXPECT_EQ(line.rays[0].stationName, "a b.jpg");
+  EXPECT_EQ(line.rays[1].kind, CommandLine::Object::Kind::ePoint);
+  EXPECT_EQ(line.rays[1].pointNumber, 17);
+  EXPECT_EQ(line.rays[2].pointNumber, 3);
 }
 
 TEST_F(CommandLineTest, BackgroundsAreKnownByName) {
@@ -121,8 +146,9 @@ TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
 }
 
 TEST_F(CommandLineTest, EmptyValuesAreRefused) {
-  for (const char* option : {"--size", "--view", "--highlight", "--render", "--write",
-                             "--ellipsoids", "--background", "--color", "--cloud", "--contours"}) {
+  for (const char* option :
+       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids", "--rays",
+        "--background", "--color", "--cloud", "--contours"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }
@@ -167,11 +193,13 @@ TEST_F(CommandLineTest, UnknownViewIsToldWhichThereAre) {
   }
 }
 
-TEST_F(CommandLineTest, HighlightOfNothingKnownIsRefused) {
-  for (const char* what : {"17", "point:", "point:1x", "point:1.5", "station:", "line:3"}) {
-    EXPECT_THAT(refused({"p", "--highlight", what}),
-                HasSubstr("expected point:NUMBER or station:NAME"))
-        << what;
+TEST_F(CommandLineTest, HighlightAndRaysOfNothingKnownAreRefused) {
+  for (const std::string option : {"--highlight", "--rays"}) {
+    for (const std::string what : {"17", "point:", "point:1x", "point:1.5", "station:", "line:3"}) {
+      EXPECT_THAT(
+          refused({"p", option, what}),
+          HasSubstr(option + ": found \"" + what + "\", expected point:NUMBER or station:NAME"));
+    }
   }
 }
 

@@ -1,6 +1,10 @@
 #include "viewer/ProjectScene.h"
 
+#include <Inventor/nodes/SoCoordinate3.h>
+
 #include "host/model/Project.h"
+#include "host/model/Ray3D.h"
+#include "nodes/framework/ViewerFrame.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/OffscreenRenderer.h"
 #include "viewer/ProjectFile.h"
@@ -120,6 +124,33 @@ TEST_F(ProjectSceneDataTest, CalibrationOpensAndDraws) {
   expectDrawn("calibration", 13, 54);
 }
 
+TEST_F(ProjectSceneDataTest, CalibrationsFirstPointHasRaysThatMeetAllStations) {
+  TARN_REQUIRE_DATA();
+  tarn::Project project;
+  ProjectFile::open(std::string(dataFolder()) + "/calibration", project, {});
+  ProjectScene scene(project);
+  tarn::ObjectPoint& point = ProjectFile::findPoint(project, 1);
+  scene.showRays(point);
+  auto* rays = static_cast<SoGroup*>(scene.dictionary().atKey(point.GetRay3D()));
+  ASSERT_NE(rays, nullptr);
+  tarn::Point3DRandom position;
+  ASSERT_TRUE(point.GetApproximation(position));
+  std::vector<SbVec3f> ends;
+  for (int i = 0; i < rays->getNumChildren(); ++i) {
+    if (!rays->getChild(i)->isOfType(SoCoordinate3::getClassTypeId())) continue;
+    const SoMFVec3f& line = static_cast<SoCoordinate3*>(rays->getChild(i))->point;
+    EXPECT_EQ(line[0], ViewerFrame::fromModel(position.position()));
+    ends.push_back(line[1]);
+  }
+  std::vector<SbVec3f> stations;
+  for (int i = 0; i < project.GetCameraStations().size(); ++i) {
+    stations.push_back(ViewerFrame::fromModel(
+        static_cast<tarn::CameraStation*>(project.GetCameraStations().at(i))->GetPosition()));
+  }
+  EXPECT_EQ(stations.size(), 13U);
+  EXPECT_THAT(ends, ::testing::UnorderedElementsAreArray(stations));
+}
+
 TEST_F(ProjectSceneDataTest, BananaOpensAndDrawsFromBinary) {
   TARN_REQUIRE_DATA();
   expectDrawn("banana", 14, 5045);
@@ -137,7 +168,24 @@ TEST_F(ProjectSceneDataTest, LundOpensAndDraws) {
 
 TEST_F(ProjectSceneDataTest, BrightonOpensAndDraws) {
   TARN_REQUIRE_DATA();
+  expectDrawn("brighton", 18, 3648);
+}
+
+TEST_F(ProjectSceneDataTest, BrightonsGroundPlaneLiesUnderTheTerrainAndTouchesItAlmost) {
+  TARN_REQUIRE_DATA();
   tarn::Project project;
   ProjectFile::open(std::string(dataFolder()) + "/brighton", project, {});
-  expectDrawn("brighton", 18, project.GetObjectPoints().size());
+  ASSERT_EQ(project.GetPointMeshes().size(), 1);
+  const auto& cloud = *static_cast<tarn::PointMesh*>(project.GetPointMeshes().at(0));
+  ASSERT_EQ(cloud.GetNumPoints(), 940393);
+  const ProjectScene scene(project);
+  const double ground = project.GetVolumeAboveXY_ZLevel();
+  int below = 0;
+  int near = 0;
+  for (int i = 0; i < cloud.GetNumPoints(); ++i) {
+    below += cloud.GetPoint(i).z < ground;
+    near += cloud.GetPoint(i).z < ground + 5.0;
+  }
+  EXPECT_EQ(below, 0);
+  EXPECT_GT(near, 1000);
 }

@@ -92,6 +92,16 @@ TEST_F(ProjectSceneGLTest, HighlightedPoint) {
   expectBaseline(scene);
 }
 
+TEST_F(ProjectSceneGLTest, RaysWithAxisAndGroundPlane) {
+  ProjectScene::Options options;
+  options.axis = true;
+  options.groundPlane = true;
+  ProjectScene scene(project, options);
+  scene.showRays(ProjectFile::findPoint(project, 30));
+  scene.setView(View::eIso, aspect);
+  expectBaseline(scene);
+}
+
 // Through the camera turned on its side: the photograph fills the view and stands as the
 // camera saw it, which the photograph's own file says.
 TEST_F(ProjectSceneGLTest, ImagePlaneShowsThePhotographAsTheStationSawIt) {

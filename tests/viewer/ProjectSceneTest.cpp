@@ -5,7 +5,9 @@
 #include <Inventor/nodes/SoSwitch.h>
 
 #include "host/model/Project.h"
+#include "nodes/cameras/TarnOICameraRaysSeparator.h"
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
+#include "nodes/cameras/TarnOIPointRaysSeparator.h"
 #include "nodes/framework/SoGradientBackground.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOISearchAction.h"
@@ -48,8 +50,8 @@ protected:
 
 TEST_F(ProjectSceneTest, EveryLayerIsASwitchOverALayerSeparator) {
   ProjectScene scene(project);
-  EXPECT_EQ(count(scene.root(), TarnOISwitch::getClassTypeId()), 3);
-  EXPECT_EQ(count(scene.root(), TarnOILayerSeparator::getClassTypeId()), 3);
+  EXPECT_EQ(count(scene.root(), TarnOISwitch::getClassTypeId()), 4);
+  EXPECT_EQ(count(scene.root(), TarnOILayerSeparator::getClassTypeId()), 4);
   EXPECT_EQ(count(scene.root(), TarnOICameraStationSeparator::getClassTypeId()), 12);
   EXPECT_EQ(count(scene.root(), TarnOIObjectPointSeparator::getClassTypeId()),
             project.GetObjectPoints().size());
@@ -180,6 +182,20 @@ TEST_F(ProjectSceneTest, MarkedStationIsNamedBeforeTheOthers) {
   EXPECT_GT(namedWhenMarked, namedTogether);
 }
 
+TEST_F(ProjectSceneTest, MarkStaysWhenPhotographsAreShown) {
+  ProjectScene scene(project);
+  scene.highlight(station(4));
+  for (const bool show : {true, false}) {
+    scene.setImagePlanes(show);
+    EXPECT_GT(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+    EXPECT_GT(count(static_cast<SoNode*>(scene.dictionary().atKey(&station(4))),
+                    TarnOIMaterialWithPriority::getClassTypeId()),
+              0);
+  }
+  scene.clearHighlight();
+  EXPECT_EQ(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+}
+
 TEST_F(ProjectSceneTest, LookingThroughAStationLeavesItsSymbolOut) {
   ProjectScene scene(project);
   ASSERT_TRUE(scene.setView(station(4)));
@@ -227,6 +243,54 @@ TEST_F(ProjectSceneTest, StationThatIsNotOrientedCannotBeLookedThrough) {
   SoCamera* camera = scene.camera();
   EXPECT_FALSE(scene.setView(lost));
   EXPECT_EQ(scene.camera(), camera);
+}
+
+TEST_F(ProjectSceneTest, RaysOfTheMarkedObjectAreShownAndHidden) {
+  ProjectScene scene(project);
+  const auto lines = [&](SoType type) { return count(scene.root(), type); };
+  const SoType ofPoint = TarnOIPointRaysSeparator::getClassTypeId();
+  const SoType ofStation = TarnOICameraRaysSeparator::getClassTypeId();
+  scene.toggleRaysOfHighlighted();
+  EXPECT_EQ(lines(ofPoint) + lines(ofStation), 0);
+  scene.highlight(ProjectFile::findPoint(project, 30));
+  scene.toggleRaysOfHighlighted();
+  EXPECT_EQ(lines(ofPoint), 1);
+  scene.highlight(station(3));
+  scene.toggleRaysOfHighlighted();
+  EXPECT_EQ(lines(ofPoint), 0);
+  EXPECT_EQ(lines(ofStation), 1);
+  scene.toggleRaysOfHighlighted();
+  EXPECT_EQ(lines(ofStation), 0);
+  scene.toggleRaysOfHighlighted();
+  scene.clearHighlight();
+  scene.toggleRaysOfHighlighted();
+  EXPECT_EQ(lines(ofStation), 0);
+}
+
+TEST_F(ProjectSceneTest, RaysOfSeveralObjectsAreShownTogether) {
+  ProjectScene scene(project);
+  scene.showRays(ProjectFile::findPoint(project, 30));
+  scene.showRays(ProjectFile::findPoint(project, 31));
+  scene.showRays(station(3));
+  EXPECT_EQ(count(scene.root(), TarnOIPointRaysSeparator::getClassTypeId()), 2);
+  EXPECT_EQ(count(scene.root(), TarnOICameraRaysSeparator::getClassTypeId()), 1);
+}
+
+TEST_F(ProjectSceneTest, AxisAndGroundPlaneAreShownWhenTheyAreAskedFor) {
+  ProjectScene bare(project);
+  EXPECT_FALSE(bare.showsAxis());
+  EXPECT_FALSE(bare.showsGroundPlane());
+  ProjectScene::Options options;
+  options.axis = true;
+  options.groundPlane = true;
+  ProjectScene scene(project, options);
+  EXPECT_TRUE(scene.showsAxis());
+  EXPECT_TRUE(scene.showsGroundPlane());
+  scene.setView(View::eIso, 1.0);
+  scene.setAxis(false);
+  scene.setGroundPlane(false);
+  EXPECT_FALSE(scene.showsAxis());
+  EXPECT_FALSE(scene.showsGroundPlane());
 }
 
 TEST_F(ProjectSceneTest, GradientIsDrawnBeforeAllElseUnlessAnotherBackgroundIsAskedFor) {

@@ -2,11 +2,13 @@
 
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
+#include <Inventor/nodes/SoDepthBuffer.h>
 #include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTexture2.h>
+#include <Inventor/nodes/SoTransparencyType.h>
 
 #include "host/classes/VPathString.h"
 #include "host/general/DisplayBitmaps.h"
@@ -97,8 +99,10 @@ TEST_F(SceneWriterTest, LayerIsNamedAndTextureKeepsItsFileName) {
   root.reset();
 }
 
-TEST_F(SceneWriterTest, BackgroundIsLeftOut) {
+TEST_F(SceneWriterTest, BackgroundsAndWhatOnlyCoinKnowsAreLeftOut) {
   root->addChild(new SoGradientBackground);
+  root->addChild(new SoDepthBuffer);
+  root->addChild(new SoTransparencyType);
   auto* material = new SoMaterial;
   root->addChild(material);
   const NodeRef<SoNode> standard = SceneWriter::toStandardNodes(root.get());

@@ -110,7 +110,7 @@ TEST_F(TarnviewGLTest, BackgroundIsAGradientUnlessAnotherIsAskedFor) {
   EXPECT_EQ(corners("--background gradient"), gradient);
   EXPECT_EQ(gradient[0], gradient[2]);
   EXPECT_EQ(gradient[4], gradient[6]);
-  EXPECT_LT(gradient[0] + 30, gradient[4]) << "the picture is not darker at its top";
+  EXPECT_GT(gradient[0], gradient[4] + 30) << "the picture is not lighter at its top";
   EXPECT_EQ(gradient[1], 255);
   const std::vector<int> plain = corners("--background plain");
   EXPECT_EQ(plain, (std::vector<int>{92, 255, 92, 255, 92, 255, 92, 255}));
@@ -136,14 +136,17 @@ TEST_F(TarnviewGLTest, WrongCallsEndWithTwo) {
 
 TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
   const std::string render = " --render " + quoted("a.png");
-  for (const char* wrong : {" --view station:nobody", " --highlight station:nobody"}) {
+  for (const char* wrong :
+       {" --view station:nobody", " --highlight station:nobody", " --rays station:nobody"}) {
     const Result result = tarnview(demo + render + wrong);
     EXPECT_EQ(result.status, 2) << wrong;
     EXPECT_THAT(result.errors, HasSubstr("station01.jpg, station02.jpg")) << wrong;
   }
-  const Result result = tarnview(demo + render + " --highlight point:999999");
-  EXPECT_EQ(result.status, 2);
-  EXPECT_THAT(result.errors, HasSubstr("there is no object point 999999; the "));
+  for (const char* wrong : {" --highlight point:999999", " --rays point:1 --rays point:999999"}) {
+    const Result result = tarnview(demo + render + wrong);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.errors, HasSubstr("there is no object point 999999; the "));
+  }
   EXPECT_FALSE(std::filesystem::exists(folder.file("a.png")));
 }
 
@@ -340,10 +343,11 @@ TEST_F(TarnviewGLTest, ColoursThatAreNotThereAreMissedButNoError) {
 // Inventor's own there.
 TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
   folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
-  for (const std::string& options : {std::string("--image-planes --frusta"),
-                                     std::string("--labels --highlight station:station08"),
-                                     std::string("--ellipsoids 30 --view top"),
-                                     "--cloud " + quoted("bowl.ply") + " --contours 1"}) {
+  for (const std::string& options :
+       {std::string("--image-planes --frusta"),
+        std::string("--labels --highlight station:station08"),
+        std::string("--ellipsoids 30 --view top"), std::string("--rays point:30 --ground-plane"),
+        "--cloud " + quoted("bowl.ply") + " --contours 1"}) {
     const Result written =
         tarnview(demo + " --size 400x300 --background plain --render " + quoted("ours.png") +
                  " --write " + quoted("scene.iv") + " " + options);

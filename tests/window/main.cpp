@@ -1,5 +1,7 @@
 // Opens the window of tarnview on the display that there is, as a user would: looks at what
 // is drawn, presses keys and looks again, closes it.
+#include <Inventor/actions/SoSearchAction.h>
+#include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/sensors/SoTimerSensor.h>
 #include <QApplication>
 #include <QImage>
@@ -9,6 +11,7 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include "nodes/cameras/TarnOICameraRaysSeparator.h"
 #include "viewer/ProjectScene.h"
 #include "viewer/Tarnview.h"
 #include "viewer/window/ViewerWindow.h"
@@ -135,19 +138,31 @@ int openAndWatch(const std::string& title, ProjectScene& scene, bool labels, std
   return ViewerWindow::open(title, scene, labels, errors);
 }
 
+// How many nodes of the scene show rays.
+int raysShown(const ProjectScene& scene) {
+  SoSearchAction search;
+  search.setType(TarnOICameraRaysSeparator::getClassTypeId());
+  search.setInterest(SoSearchAction::ALL);
+  search.apply(scene.root());
+  return search.getPaths().getLength();
+}
+
 TEST(ViewerWindowTest, ShowsTheProjectAndTakesKeysUntilItIsClosed) {
   user.keys = {{Qt::Key_I, 2, &ProjectScene::showsImagePlanes},
                {Qt::Key_F, 2, &ProjectScene::showsFrusta},
                {Qt::Key_L, 2, &ProjectScene::showsLabels},
+               {Qt::Key_R, 2, &raysShown},
+               {Qt::Key_A, 2, &ProjectScene::showsAxis},
+               {Qt::Key_G, 2, &ProjectScene::showsGroundPlane},
                {Qt::Key_B, 3, [](const ProjectScene& scene) {
                   return static_cast<int>(scene.background().kind());
                 }}};
   std::ostringstream output;
   std::ostringstream errors;
   // On one colour it is the project that has the many.
-  const int status = Tarnview::run(
-      {TARN_SOURCE_DIR "/examples/demo", "--image-planes", "--labels", "--background", "plain"},
-      output, errors, {&ViewerWindow::prepare, &openAndWatch});
+  const int status = Tarnview::run({TARN_SOURCE_DIR "/examples/demo", "--image-planes", "--labels",
+                                    "--background", "plain", "--highlight", "station:station08"},
+                                   output, errors, {&ViewerWindow::prepare, &openAndWatch});
   EXPECT_EQ(status, 0);
   EXPECT_EQ(errors.str(), "");
   EXPECT_GE(user.colours, 50U) << "nothing but the background was drawn";

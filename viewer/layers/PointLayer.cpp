@@ -113,3 +113,5 @@ void PointLayer::clearMark() {
   node->UpdateMarkerSet(useMarkers);
   if (!labelsShown) showLabel(*node, false);
 }
+
+tarn::ObjectPoint* PointLayer::markedPoint() const { return marked ? &pointOf(*marked) : nullptr; }

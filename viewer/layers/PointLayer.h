@@ -34,6 +34,7 @@ public:
   /// dot among thousands is hard to find.
   void mark(const tarn::ObjectPoint& point);
   void clearMark();
+  tarn::ObjectPoint* markedPoint() const;
 
   /// Where the marked point stands a second time; to be drawn after all else.
   SoSeparator* onTop() const { return topmost.get(); }

@@ -124,6 +124,8 @@ void StationLayer::setScale() {
 
 void StationLayer::setImagePlanes(bool show) {
   if (show == options.imagePlanes) return;
+  // The mark goes with the nodes' children, and comes again.
+  const tarn::CameraStation* station = markedStation();
   clearMark();
   options.imagePlanes = show;
   setScale();
@@ -135,6 +137,7 @@ void StationLayer::setImagePlanes(bool show) {
     progress.at(static_cast<double>(++done) / static_cast<double>(nodes.size()));
   }
   photographsRedirected = photographsRedirected || show;
+  if (station) mark(*station);
 }
 
 void StationLayer::setFrusta(bool show) {
@@ -216,6 +219,10 @@ void StationLayer::clearMark() {
   if (!node) return;
   node->Highlight(context.highlightMaterial.get(), 0);
   node->IsSelected(0);
+}
+
+tarn::CameraStation* StationLayer::markedStation() const {
+  return marked ? &stationOf(*marked) : nullptr;
 }
 
 TarnOICameraStationSeparator* StationLayer::nodeOf(const tarn::CameraStation& station) const {

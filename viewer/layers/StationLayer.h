@@ -57,6 +57,7 @@ public:
   /// Marks the station, which then shows what it saw.
   void mark(const tarn::CameraStation& station);
   void clearMark();
+  tarn::CameraStation* markedStation() const;
 
   /// Why photographs could not be shown; empty when all could.
   const std::vector<std::string>& problems() const { return photographProblems; }

@@ -75,6 +75,15 @@ private:
           scene.showLabels(viewer.getViewportRegion());
         }
         return true;
+      case Qt::Key_R:
+        scene.toggleRaysOfHighlighted();
+        return true;
+      case Qt::Key_A:
+        scene.setAxis(!scene.showsAxis());
+        return true;
+      case Qt::Key_G:
+        scene.setGroundPlane(!scene.showsGroundPlane());
+        return true;
       case Qt::Key_B: {
         using Kind = SceneBackground::Kind;
         const Kind kind = scene.background().kind();

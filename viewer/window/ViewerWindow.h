@@ -6,8 +6,8 @@
 class ProjectScene;
 
 /// The window of tarnview: an examiner viewer in which a click marks an object point or a
-/// camera station, and the keys I, F and L show and hide image planes, frusta and labels; B
-/// changes the background.
+/// camera station, and keys show and hide things: I image planes, F frusta, L labels, R the
+/// rays of what is marked, A axes, G the ground plane; B changes the background.
 /// Nothing else of the program touches the window toolkit.
 class ViewerWindow {
 public:
