@@ -1,5 +1,6 @@
 #include "host/model/HeightLevels.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarn::HeightLevels {
@@ -11,6 +12,9 @@ std::vector<double> bySpacing(double lowest, double highest, double spacing) {
   const double last = std::floor(highest / spacing);
   const double count = last - first + 1.0;
   if (!(count >= 1.0) || count > most) return levels;
+  // Beyond, a multiple has no next one.
+  constexpr double lastWholeNumber = 9007199254740992.0;  // 2^53
+  if (std::max(std::abs(first), std::abs(last)) >= lastWholeNumber) return levels;
   levels.reserve(static_cast<std::size_t>(count));
   // Each one is a product: a sum would carry its rounding on.
   for (double multiple = first; multiple <= last; ++multiple) {

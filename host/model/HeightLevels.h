@@ -13,7 +13,8 @@ namespace HeightLevels {
 inline constexpr int most = 100'000;
 
 /// The multiples of `spacing` from `lowest` to `highest`, both included, in ascending order.
-/// None where the spacing is not positive and finite, or would give more than `most`.
+/// None where the spacing is not positive and finite, would give more than `most`, or is so
+/// small that doubles do not hold the multiples at these heights.
 TARN_HOST_EXPORT std::vector<double> bySpacing(double lowest, double highest, double spacing);
 
 /// `count` levels that divide the range from `lowest` to `highest` into count + 1 equal parts,

@@ -21,6 +21,16 @@ void NormalFill::finish() {
   node.vector.enableDeleteValues();
 }
 
+void NormalFill::makeRoomInCopy(SoNormal& copy, int coordinates) {
+  const int count = copy.vector.getNum();
+  if (count == 0 || count >= coordinates) return;
+  NormalFill fill(copy, coordinates);
+  fill.makeRoom(0);
+  std::copy_n(copy.vector.getValues(0), count, fill.vectors.get());
+  fill.count = count;
+  fill.finish();
+}
+
 void NormalFill::makeRoom(int index) {
   if (!vectors) {
     const auto size = static_cast<std::size_t>(capacity);

@@ -20,6 +20,17 @@ void TriangleSet::insert(SoGroup& node, int index) const {
   node.insertChild(faces.get(), index + 2);
 }
 
+void TriangleSet::completeCopy(SoGroup& copy) {
+  for (int i = 1; i < copy.getNumChildren(); ++i) {
+    SoNode* const front = copy.getChild(i - 1);
+    const SoNode* const back = copy.getChild(i);
+    if (!front->isOfType(SoNormal::getClassTypeId())) continue;
+    if (!back->isOfType(SoCoordinate3::getClassTypeId())) continue;
+    NormalFill::makeRoomInCopy(static_cast<SoNormal&>(*front),
+                               static_cast<const SoCoordinate3&>(*back).point.getNum());
+  }
+}
+
 void TriangleSet::fillIndexes(int triangles) {
   const FieldFill indexes(faces->coordIndex, 4 * triangles);
   std::int32_t* index = indexes.values();

@@ -35,6 +35,8 @@ public:
   void append(SoGroup& node, SoNode* texture) const;
   /// Inserts normals, coordinates and faces at that index and after it.
   void insert(SoGroup& node, int index) const;
+  /// Completes the sets among the children of a node that Coin has copied: see NormalFill.
+  static void completeCopy(SoGroup& copy);
 
   NodeRef<SoTextureCoordinate2> textureCoordinates;  ///< null where the set is not textured
   NodeRef<SoNormal> normals = makeNode<SoNormal>();

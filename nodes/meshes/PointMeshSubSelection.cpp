@@ -34,10 +34,13 @@ constexpr const char* sourceFile = "TarnOIPointMeshSeparator";
 
 bool isFaceSet(const SoNode* node) { return node->isOfType(SoIndexedFaceSet::getClassTypeId()); }
 
-// How a mesh with a local affine stands in the model; null without.
+// How a mesh with a local affine stands in the model; null without, and where it cannot be set
+// up: the mesh is then drawn as it is stored.
 std::unique_ptr<tarn::BasicAffine> localAffineOf(const tarn::PointMesh& mesh) {
-  return std::unique_ptr<tarn::BasicAffine>(mesh.HasLocalAffine() ? mesh.GetLocalAffine()
+  std::unique_ptr<tarn::BasicAffine> affine(mesh.HasLocalAffine() ? mesh.GetLocalAffine()
                                                                   : nullptr);
+  if (affine && !affine->SetupAffine()) affine.reset();
+  return affine;
 }
 
 // The index in slot i of a selection from `count` parts; -1 where that is outside.

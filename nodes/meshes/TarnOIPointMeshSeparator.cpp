@@ -169,6 +169,7 @@ SoNode* TarnOIPointMeshSeparator::copy(SbBool copyConnections) const {
 
 void TarnOIPointMeshSeparator::copyContents(const SoFieldContainer* from, SbBool copyConnections) {
   TarnOISeparator::copyContents(from, copyConnections);
+  TriangleSet::completeCopy(*this);
   // The members of a copy are its own children, where the original's were its.
   const auto* other = static_cast<const TarnOIPointMeshSeparator*>(from);
   pointPos = ChildNodes::counterpart(*this, *other, other->pointPos);

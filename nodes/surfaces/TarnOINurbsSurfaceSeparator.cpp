@@ -170,6 +170,7 @@ SoNode* TarnOINurbsSurfaceSeparator::copy(SbBool copyConnections) const {
 void TarnOINurbsSurfaceSeparator::copyContents(const SoFieldContainer* from,
                                                SbBool copyConnections) {
   TarnOISeparator::copyContents(from, copyConnections);
+  TriangleSet::completeCopy(*this);
   // The members of a copy are its own children, where the original's were its.
   const auto* other = static_cast<const TarnOINurbsSurfaceSeparator*>(from);
   faceSet = ChildNodes::counterpart(*this, *other, other->faceSet);

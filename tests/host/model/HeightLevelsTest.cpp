@@ -43,6 +43,14 @@ TEST_F(HeightLevelsTest, ASpacingThatIsNoneOrTooSmallGivesNoLevels) {
   EXPECT_EQ(HeightLevels::bySpacing(0.0, 99'999.0, 1.0).size(), 100'000U);
 }
 
+TEST_F(HeightLevelsTest, ASpacingTooSmallForTheHeightGivesNoLevels) {
+  EXPECT_THAT(HeightLevels::bySpacing(5e6, 5e6, 1e-10), IsEmpty());
+  EXPECT_THAT(HeightLevels::bySpacing(-5e6, -5e6, 1e-10), IsEmpty());
+  EXPECT_THAT(HeightLevels::bySpacing(1e300, 1e300, 1.0), IsEmpty());
+  EXPECT_THAT(HeightLevels::bySpacing(5e6, 5e6 + 0.002, 0.001),
+              ElementsAre(5e6, 5e6 + 0.001, 5e6 + 0.002));
+}
+
 TEST_F(HeightLevelsTest, ARangeThatIsNoneGivesNoLevels) {
   EXPECT_THAT(HeightLevels::bySpacing(20.0, 10.0, 1.0), IsEmpty());
   EXPECT_THAT(HeightLevels::bySpacing(nan, 10.0, 1.0), IsEmpty());

@@ -75,6 +75,14 @@ protected:
     return result;
   }
 
+  // What the range of heights is taken from.
+  enum class Rule { eMeshes, eProject, eMesh };
+  void chooseRange(Rule rule) {
+    preferences.Set("UseMeshExtentsForHueRange", rule == Rule::eMeshes ? "1" : "0", "DenseStereo");
+    preferences.Set("UseProjectExtentsForHueRange", rule == Rule::eProject ? "1" : "0",
+                    "DenseStereo");
+  }
+
   void giveColours() {
     setColouredPoints();
     node->SetPointCloudPointMesh(&mesh, &dictionary);
@@ -388,18 +396,39 @@ TEST_F(PointMeshColouringTest, HeightsAreThoseOfTheProjectsTransformedFrame) {
   affine.SetRotation(turn);
   affine.SetTranslation({0, 0, 0}, {0, 0, 1000});
   project.SetAffineTransform(&affine);
-  node->ColorRange(1, &project);
   // The x of the points: 1.5, 11, 4, -9.5.
   const auto share = [](double x) { return (x + 9.5) / 20.5; };
-  EXPECT_THAT(colours(), ElementsAre(ramp(share(1.5)), ramp(1), ramp(share(4)), ramp(0)));
+  for (const Rule rule : {Rule::eMeshes, Rule::eProject, Rule::eMesh}) {
+    chooseRange(rule);
+    node->ColorRange(1, &project);
+    EXPECT_THAT(colours(), ElementsAre(ramp(share(1.5)), ramp(1), ramp(share(4)), ramp(0)))
+        << static_cast<int>(rule);
+  }
 }
 
 TEST_F(PointMeshColouringTest, HeightsAreThoseTheMeshStores) {
   tarn::gThreeDViewOffset = {1000, 2000, 3000};
   cloud.SetLocalAffine(shift(10, 20, 300));
   node->SetPointCloudPointMesh(&cloud, &dictionary);
-  node->ColorRange(1, &project);
-  EXPECT_EQ(colours(), ramps(-3.75, 20));
+  for (const Rule rule : {Rule::eMeshes, Rule::eMesh}) {
+    chooseRange(rule);
+    node->ColorRange(1, &project);
+    EXPECT_EQ(colours(), ramps(-3.75, 20)) << static_cast<int>(rule);
+  }
+}
+
+TEST_F(PointMeshColouringTest, TheWholeProjectsRangeHasItsStationsAndProcessedPoints) {
+  struct AskedProject : tarn::Project {
+    void GetProjectExtents(tarn::Extents& extents, tarn::BasicAffine*, int withStations,
+                           int processedOnly) const override {
+      EXPECT_EQ(withStations, 1);
+      EXPECT_EQ(processedOnly, 1);
+      extents = tarn::Extents({0, 0, -100}, {0, 0, 100});
+    }
+  } asked;
+  chooseRange(Rule::eProject);
+  node->ColorRange(1, &asked);
+  EXPECT_EQ(colours(), ramps(-100, 100));
 }
 
 TEST_F(PointMeshColouringTest, ModeTwoColoursByHeight) {

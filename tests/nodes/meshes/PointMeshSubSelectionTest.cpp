@@ -518,6 +518,27 @@ TEST_F(PointMeshSubSelectionTest, TheAffineIsAppliedAlsoWhereTheCloudIsDrawnWith
               ElementsAre(shown({101.5F, 202.25F, 296.25F})));
 }
 
+TEST_F(PointMeshSubSelectionTest, AnAffineThatCannotBeSetUpLeavesTemporaryPartsWhereTheMeshIs) {
+  tarn::BasicAffine affine;
+  affine.SetScale(-1.0);
+  mesh.SetLocalAffine(affine);
+  setTriangles();
+  buildCloud();
+  tarn::PointMeshTempSubPoints selectedPoints;
+  selectedPoints.SetSelectedIndexes(listed({3}));
+  tarn::PointMeshTempSubTriangles selectedTriangles;
+  selectedTriangles.SetSelectedIndexes(listed({0}));
+  const auto target = makeNode<SoSeparator>();
+  node->AddTempSubPointsSeparator(target.get(), &selectedPoints);
+  node->AddTempSubTrianglesSeparator(target.get(), &selectedTriangles);
+  ASSERT_THAT(childTypes(*target),
+              ElementsAre("Coordinate3", "PointSet", "Coordinate3", "PointSet"));
+  EXPECT_THAT(valuesOf(static_cast<SoCoordinate3*>(target->getChild(0))->point),
+              ElementsAre(shown(points[3])));
+  EXPECT_THAT(valuesOf(static_cast<SoCoordinate3*>(target->getChild(2))->point),
+              ElementsAre(shown(points[0]), shown(points[1]), shown(points[2])));
+}
+
 TEST_F(PointMeshSubSelectionTest, WithoutSelectedPointsNothingIsAdded) {
   buildCloud();
   tarn::PointMeshTempSubPoints selection;

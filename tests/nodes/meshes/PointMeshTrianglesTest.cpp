@@ -459,6 +459,20 @@ TEST_F(PointMeshTrianglesTest, TheRecordsOfACopyHaveItsOwnFaceSets) {
   EXPECT_EQ(node->triangleLookups->records[1].faceSet.get(), node->getChild(2));
 }
 
+TEST_F(PointMeshTrianglesTest, ACopyHasRoomForTheNormalsThatItLacks) {
+  constexpr int many = 100000;
+  ASSERT_TRUE(mesh.SetTriangles(std::vector<tarn::PointMesh::Corners>(many, {0, 1, 2})));
+  const tarn::Point3DDouble up{0, 0, 1};
+  for (int k = 0; k < 3; ++k) {
+    static_cast<tarn::Triangle*>(mesh.GetTriangles()->at(0))->SetNormal(k, &up);
+  }
+  buildMesh();
+  const NodeRef<SoGroup> copy(static_cast<SoGroup*>(node->copy()));
+  const SoMFVec3f& normals = firstChild<SoNormal>(*copy)->vector;
+  EXPECT_THAT(valuesOf(normals), ElementsAre(SbVec3f(0, 1, 0), SbVec3f(0, 1, 0), SbVec3f(0, 1, 0)));
+  EXPECT_EQ(normals.getValues(0)[3 * many - 1], SbVec3f(0, 0, 0)) << "which Coin reads";
+}
+
 TEST_F(PointMeshTrianglesTest, RecordsOutliveTheNodeTheyAreSharedWith) {
   addGroup({0});
   addGroup({1});

@@ -237,6 +237,20 @@ TEST_F(TarnOIPointMeshSeparatorTest, ANodeWithoutChildrenKeepsItsMembersAndRepor
   EXPECT_THAT(childTypes(*node), ElementsAre("Coordinate3", "PointSet"));
 }
 
+TEST_F(TarnOIPointMeshSeparatorTest, ATransformThatANodeWithoutChildrenKeptIsUsedAgain) {
+  mesh.SetLocalAffine(shift(100, 200, 300));
+  node->SetPointCloudPointMesh(&mesh, &dictionary);
+  const SoTransform* const before = node->localTransform.get();
+  node->removeAllChildren();
+  node->pointPos.reset();
+  mesh.ClearLocalAffine();
+  node->SetDoNotUseLocalTransform(1);
+  node->SetMeshData(&mesh);
+  EXPECT_THAT(childTypes(*node), ElementsAre("Transform", "Coordinate3", "PointSet"));
+  EXPECT_EQ(node->getChild(0), before);
+  EXPECT_EQ(node->pointPos->point[0], shownAsStored(points[0]));
+}
+
 TEST_F(TarnOIPointMeshSeparatorTest, CoordinatesOfACloudThatHadNoPointsAreReportedAtTheNextBuild) {
   OddMesh odd;
   odd.hasPoints = false;

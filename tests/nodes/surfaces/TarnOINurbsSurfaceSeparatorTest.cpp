@@ -347,6 +347,29 @@ TEST_F(TarnOINurbsSurfaceSeparatorTest, ACopyIsBoundToTheSurfaceAndHasMembersOfI
   EXPECT_THAT(takeAssertions(), ElementsAre(IsAssertion("tarnoi_searchDict", "TarnOITexture")));
 }
 
+TEST_F(TarnOINurbsSurfaceSeparatorTest, ACopyHasRoomForTheNormalsThatItLacks) {
+  constexpr int many = 100000;
+  tarn::Triangle& first = addSet();
+  tarn::Triangle other(first.GetPoint(0), first.GetPoint(1), first.GetPoint(2));
+  const tarn::Point3DDouble up{0, 0, 1};
+  for (int k = 0; k < 3; ++k) first.SetNormal(k, &up);
+  tarn::VOrdCollect set;
+  set.add(&first);
+  while (set.size() < many) set.add(&other);
+  tarn::VOrdCollect sets;
+  sets.add(&set);
+  tarn::VOrdCollect* all = &sets;
+  node->SetNurbsSurface(&surface, &dictionary, nullptr, nullptr, nullptr, &all, nullptr);
+  const NodeRef<SoGroup> copy(static_cast<SoGroup*>(node->copy()));
+  int place = 0;
+  while (place < copy->getNumChildren() &&
+         !copy->getChild(place)->isOfType(SoNormal::getClassTypeId()))
+    ++place;
+  const SoMFVec3f& normals = childAt<SoNormal>(*copy, place)->vector;
+  EXPECT_EQ(normals.getNum(), 3);
+  EXPECT_EQ(normals.getValues(0)[3 * many - 1], SbVec3f(0, 0, 0)) << "which Coin reads";
+}
+
 TEST_F(TarnOINurbsSurfaceSeparatorTest, CopyConstructionSharesMembersAndBinding) {
   addSet();
   build();
