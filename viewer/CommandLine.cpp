@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -109,7 +110,43 @@ double parseSizeOf(const std::string& option, const std::string& text) {
   return size;
 }
 
-void checkFiles(const std::string& picture, const std::string& scene) {
+CommandLine::Corners parseCorners(const std::string& option, const std::string& text) {
+  CommandLine::Corners corners;
+  std::string_view rest = text;
+  const auto take = [&rest](double& number, bool isLast) {
+    const std::size_t comma = rest.find(',');
+    if ((comma == std::string_view::npos) != isLast) return false;
+    if (!parseNumber(rest.substr(0, comma), number)) return false;
+    if (!isLast) rest.remove_prefix(comma + 1);
+    return number >= 0.0 && number <= 1.0;
+  };
+  if (!take(corners.x0, false) || !take(corners.y0, false) || !take(corners.x1, false) ||
+      !take(corners.y1, true)) {
+    throw CLI::ValidationError(option, "found \"" + text +
+                                           "\", expected x0,y0,x1,y1 from 0 to 1, in fractions of "
+                                           "the picture, x to the right and y up");
+  }
+  return corners;
+}
+
+CommandLine::Corners parseSection(const std::string& text) {
+  const CommandLine::Corners line = parseCorners("--section", text);
+  if (line.x0 == line.x1 && line.y0 == line.y1) {
+    throw CLI::ValidationError("--section", "found \"" + text + "\", expected two places");
+  }
+  return line;
+}
+
+CommandLine::Corners parseBox(const std::string& text) {
+  const CommandLine::Corners box = parseCorners("--box", text);
+  if (box.x0 == box.x1 || box.y0 == box.y1) {
+    throw CLI::ValidationError("--box",
+                               "found \"" + text + "\", expected a box of some width and height");
+  }
+  return box;
+}
+
+void checkFiles(const std::string& picture, const std::string& scene, const std::string& profile) {
   const auto place = [](const std::string& file) {
     std::error_code ignored;
     const fs::path path = fs::weakly_canonical(fs::absolute(file, ignored), ignored);
@@ -127,6 +164,11 @@ void checkFiles(const std::string& picture, const std::string& scene) {
     throw CLI::ValidationError(
         "--write", "found \"" + scene + "\", expected another file than that of --render");
   }
+  for (const auto& [option, file] : {std::pair("--render", picture), std::pair("--write", scene)}) {
+    if (profile.empty() || file.empty() || place(profile) != place(file)) continue;
+    throw CLI::ValidationError(
+        "--profile", "found \"" + profile + "\", expected another file than that of " + option);
+  }
 }
 
 }  // namespace
@@ -142,6 +184,9 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   bool noCloud = false;
   std::string contours;
   std::string ellipsoids;
+  std::string box;
+  std::string section;
+  std::string thickness;
 
   CLI::App app(CommandLineHelp::description, "tarnview");
   app.footer(CommandLineHelp::examples);
@@ -175,10 +220,28 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
                      "Colour clouds and meshes by height, in their own colours (rgb) or not at "
                      "all (none) [rgb where there are colours]")
           ->type_name("KIND");
+  app.add_flag("--scale", commandLine.heightScale, "Show which colour stands for which height");
   const CLI::Option* contourOption =
       app.add_option("--contours", contours,
                      "Draw lines of equal height over clouds and meshes, SPACING units apart")
           ->type_name("SPACING");
+  const CLI::Option* boxOption =
+      app.add_option("--box", box,
+                     "Keep what is seen of clouds and meshes inside this box of the picture")
+          ->type_name("x0,y0,x1,y1");
+  const CLI::Option* sectionOption =
+      app.add_option("--section", section,
+                     "Cut clouds and meshes along this line of the picture, and mark the cut")
+          ->type_name("x0,y0,x1,y1");
+  const CLI::Option* thicknessOption =
+      app.add_option("--thickness", thickness,
+                     "Take points up to so many units on either side of the section [twice the "
+                     "distance of neighbouring points]")
+          ->type_name("UNITS");
+  const CLI::Option* profileOption =
+      app.add_option("--profile", commandLine.profileFile,
+                     "Write the section's points into this CSV file: distance, height")
+          ->type_name("FILE");
   app.add_option("--rays", rays,
                  "Show the rays of point:NUMBER or station:NAME; may be given several times")
       ->type_name("WHAT")
@@ -199,7 +262,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
-    for (const CLI::Option* option : {renderOption, writeOption, cloudOption}) {
+    for (const CLI::Option* option : {renderOption, writeOption, cloudOption, profileOption}) {
       if (option->count() > 0 && option->as<std::string>().empty()) {
         throw CLI::ValidationError(option->get_name(), "found \"\", expected a file name");
       }
@@ -222,9 +285,16 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
     if (contourOption->count() > 0) {
       commandLine.contourSpacing = parseSizeOf("--contours", contours);
     }
-    checkFiles(commandLine.renderFile, commandLine.writeFile);
-    const bool draws = !commandLine.renderFile.empty() || !commandLine.writeFile.empty();
-    if (commandLine.project.empty() && (draws || !commandLine.listNodes)) {
+    if (boxOption->count() > 0) commandLine.box = parseBox(box);
+    if (sectionOption->count() > 0) commandLine.section = parseSection(section);
+    if (thicknessOption->count() > 0) commandLine.thickness = parseSizeOf("--thickness", thickness);
+    for (const CLI::Option* option : {thicknessOption, profileOption}) {
+      if (option->count() > 0 && !commandLine.section) {
+        throw CLI::ValidationError(option->get_name(), "found without --section, expected both");
+      }
+    }
+    checkFiles(commandLine.renderFile, commandLine.writeFile, commandLine.profileFile);
+    if (commandLine.project.empty() && (commandLine.makesFiles() || !commandLine.listNodes)) {
       throw CLI::RequiredError("PROJECT");
     }
     parsed.commandLine = commandLine;

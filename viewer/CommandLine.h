@@ -21,6 +21,14 @@ struct CommandLine {
     std::string stationName;
   };
 
+  /// Two points of the picture, in fractions of it: x to the right and y up, from 0 to 1.
+  struct Corners {
+    double x0 = 0.0;
+    double y0 = 0.0;
+    double x1 = 1.0;
+    double y1 = 1.0;
+  };
+
   /// Of dense clouds and meshes.
   enum class Color { eNone, eRgb, eHeight };
 
@@ -36,8 +44,13 @@ struct CommandLine {
   std::optional<double> ellipsoidScale;  ///< 1e-9 to 1e9
   std::optional<Color> color;
   std::optional<double> contourSpacing;  ///< 1e-9 to 1e9
-  std::string cloud;                     ///< a PLY file; empty when none is named
-  bool findCloud = true;                 ///< whether a model's own dense cloud is looked for
+  bool heightScale = false;
+  std::optional<Corners> box;
+  std::optional<Corners> section;
+  std::optional<double> thickness;  ///< of the section; 1e-9 to 1e9
+  std::string profileFile;          ///< for the section's profile; empty for none
+  std::string cloud;                ///< a PLY file; empty when none is named
+  bool findCloud = true;            ///< whether a model's own dense cloud is looked for
   std::optional<Object> highlight;
   std::vector<Object> rays;  ///< whose rays are shown
   bool axis = false;
@@ -45,8 +58,12 @@ struct CommandLine {
   Background background = Background::eGradient;
   bool listNodes = false;
 
-  /// Whether the call wants a window: neither a picture nor a scene file nor a list.
-  bool wantsWindow() const { return renderFile.empty() && writeFile.empty() && !listNodes; }
+  /// Whether any file is to be made.
+  bool makesFiles() const {
+    return !renderFile.empty() || !writeFile.empty() || !profileFile.empty();
+  }
+  /// Whether the call wants a window: neither a file nor a list.
+  bool wantsWindow() const { return !makesFiles() && !listNodes; }
 
   /// What parse found: a command line to carry out, or else an exit status with the text
   /// that goes to standard output (--help, --version: status 0) or standard error (2).

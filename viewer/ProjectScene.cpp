@@ -38,10 +38,11 @@ ViewFraming framingWithOffset(const tarn::Project& project) {
 }  // namespace
 
 ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
-    : context(options.progress),
+    : project(project),
+      options(options),
+      context(options.progress),
       viewFraming(framingWithOffset(project)),
       stations(project, {options.imagePlanes, options.frusta}, viewFraming, context),
-      meshes(project, options.color, context),
       points(project, options.ellipsoidScale, context),
       rays(context),
       sceneRoot(makeNode<SoSeparator>()),
@@ -50,22 +51,12 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
       groundPlane(*sceneRoot, project, viewFraming) {
   addSurroundings(project.GetObjectPoints().size());
   sceneRoot->addChild(stations.root());
-  sceneRoot->addChild(meshes.root());
-  if (options.contourSpacing) {
-    if (!viewFraming.isZUp()) {
-      throw std::runtime_error(
-          "contours need heights along Z, and by its cameras the project stands upright about "
-          "another direction");
-    }
-    const double lift = 1e-3 * viewFraming.objectDiagonal();
-    contours.emplace(project, *options.contourSpacing, lift, context);
-    sceneRoot->addChild(contours->root());
-  }
   sceneRoot->addChild(points.root());
   sceneRoot->addChild(rays.root());
   sceneRoot->addChild(axis.root());
   sceneRoot->addChild(groundPlane.root());
   sceneRoot->addChild(points.onTop());
+  if (options.meshes) showMeshes();
   setAxis(options.axis);
   setGroundPlane(options.groundPlane);
 }
@@ -90,6 +81,39 @@ void ProjectScene::addSurroundings(int points) {
   auto* font = new SoFont;
   font->size = 14.0F;
   sceneRoot->addChild(font);
+}
+
+void ProjectScene::showMeshes() {
+  const auto place = [this](SceneLayer& layer) {
+    sceneRoot->insertChild(layer.root(), sceneRoot->findChild(points.root()));
+  };
+  meshes.emplace(project, options.color, context);
+  place(*meshes);
+  // It is as large as what stands on it.
+  setGroundPlane(showsGroundPlane());
+  if (!options.contourSpacing) return;
+  if (!viewFraming.isZUp()) {
+    throw std::runtime_error(
+        "contours need heights along Z, and by its cameras the project stands upright about "
+        "another direction");
+  }
+  const double lift = 1e-3 * viewFraming.objectDiagonal();
+  contours.emplace(project, *options.contourSpacing, lift, context);
+  place(*contours);
+}
+
+std::string ProjectScene::showHeightScale() {
+  if (!meshes->showsHeights()) {
+    return "there is no height scale: nothing is coloured by height; --color height does that "
+           "with a dense cloud or mesh";
+  }
+  if (!HeightLegend::explains(project)) {
+    return "there is no height scale: the clouds are stored with different shifts, and no one "
+           "scale explains their colours";
+  }
+  heightLegend.emplace(project);
+  sceneRoot->addChild(heightLegend->root());
+  return {};
 }
 
 void ProjectScene::setView(CommandLine::View view, double aspect) {

@@ -7,6 +7,7 @@
 #include "viewer/AxisCross.h"
 #include "viewer/CommandLine.h"
 #include "viewer/GroundPlane.h"
+#include "viewer/HeightLegend.h"
 #include "viewer/SceneBackground.h"
 #include "viewer/ViewFraming.h"
 #include "viewer/layers/ContourLayer.h"
@@ -49,6 +50,7 @@ public:
     std::optional<double> contourSpacing;     ///< in units of the project
     bool axis = false;
     bool groundPlane = false;
+    bool meshes = true;  ///< false: showMeshes is called later
     SceneBackground::Kind background = SceneBackground::Kind::eGradient;
     tarn::ProgressHandler progress;  ///< may be empty
   };
@@ -70,6 +72,15 @@ public:
   /// photograph. Returns false, and changes nothing, when the station is not oriented.
   bool setView(tarn::CameraStation& station);
 
+  /// Shows the point meshes, and contours where they were asked for, as they are now: to be
+  /// called when the meshes were cut. Views and the view offset stay those of the whole.
+  /// Throws as the constructor does.
+  void showMeshes();
+
+  /// Shows which colour stands for which height, in front of all. Returns why there is nothing to
+  /// show; else an empty text. To be called when the meshes are shown.
+  std::string showHeightScale();
+
   /// Shows the photographs in the stations, or their symbols.
   void setImagePlanes(bool show) { stations.setImagePlanes(show); }
   void setFrusta(bool show) { stations.setFrusta(show); }
@@ -86,7 +97,7 @@ public:
   void highlight(tarn::CameraStation& station);
   void clearHighlight();
 
-  void setColor(std::optional<CommandLine::Color> color) { meshes.setColor(color); }
+  void setColor(std::optional<CommandLine::Color> color) { meshes->setColor(color); }
   /// Shows the rays between the point and the stations that saw it, or between the station
   /// and the points that it saw, besides those that are shown already.
   void showRays(tarn::ObjectPoint& point) { rays.add(point); }
@@ -112,7 +123,7 @@ public:
   const SceneBackground& background() const { return sceneBackground; }
 
   /// What is not shown as it was asked for; empty when all is.
-  const std::vector<std::string>& notes() const { return meshes.notes(); }
+  const std::vector<std::string>& notes() const { return meshes->notes(); }
   /// Why photographs could not be shown; empty when all could.
   const std::vector<std::string>& problems() const { return stations.problems(); }
 
@@ -121,14 +132,17 @@ private:
   void setCamera(SoCamera* camera);
   ViewFraming framingOfAll() const;
 
+  tarn::Project& project;
+  Options options;
   SceneContext context;
   ViewFraming viewFraming;
   StationLayer stations;
-  MeshLayer meshes;
+  std::optional<MeshLayer> meshes;
   std::optional<ContourLayer> contours;
   PointLayer points;
   RayLayer rays;
   NodeRef<SoSeparator> sceneRoot;  // after the layers: it lets their nodes go first
+  std::optional<HeightLegend> heightLegend;
   SceneBackground sceneBackground;
   AxisCross axis;
   GroundPlane groundPlane;

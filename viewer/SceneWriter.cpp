@@ -18,6 +18,7 @@
 #include "nodes/TarnOI.h"
 #include "nodes/framework/SoBackground.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
+#include "nodes/framework/TarnOIOverlaySeparator.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "viewer/WholeFile.h"
 
@@ -63,9 +64,11 @@ private:
 
   static bool isWritten(const SoNode& node) {
     // A background is the business of the program that shows the scene, and Inventor has no
-    // node for one. The others are Coin's own, unknown to other implementations of Inventor.
-    for (const SoType& left : {SoBackground::getClassTypeId(), SoDepthBuffer::getClassTypeId(),
-                               SoTransparencyType::getClassTypeId()}) {
+    // node for one. The others are Coin's own, unknown to other implementations of Inventor,
+    // and what lies on the screen, which belongs to the picture that it was drawn for.
+    for (const SoType& left :
+         {SoBackground::getClassTypeId(), SoDepthBuffer::getClassTypeId(),
+          SoTransparencyType::getClassTypeId(), TarnOIOverlaySeparator::getClassTypeId()}) {
       if (node.isOfType(left)) return false;
     }
     return true;

@@ -9,7 +9,8 @@ class SoNode;
 
 /// Writes a scene so that any Open Inventor program opens it: nodes of this library become
 /// the nodes of Coin that they derive from, each named after the object it shows, and the
-/// point symbols become Inventor's nearest own ones. A background is left out.
+/// point symbols become Inventor's nearest own ones. A background and what lies on the screen are
+/// left out.
 class SceneWriter {
 public:
   /// The scene without classes of this library. Nodes that stand under several parents do

@@ -6,13 +6,16 @@
 #include "host/general/Preferences.h"
 #include "host/model/Project.h"
 #include "nodes/TarnOI.h"
+#include "viewer/CloudCut.h"
 #include "viewer/CommandLine.h"
 #include "viewer/HeadlessContext.h"
 #include "viewer/OffscreenRenderer.h"
+#include "viewer/ProfileFile.h"
 #include "viewer/Progress.h"
 #include "viewer/ProjectFile.h"
 #include "viewer/ProjectScene.h"
 #include "viewer/SceneWriter.h"
+#include "viewer/SectionMark.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -22,6 +25,7 @@
 #include <iomanip>
 #include <optional>
 #include <ostream>
+#include <sstream>
 #include <string_view>
 #include <system_error>
 
@@ -96,6 +100,7 @@ public:
     options.contourSpacing = commandLine.contourSpacing;
     options.axis = commandLine.axis;
     options.groundPlane = commandLine.groundPlane;
+    options.meshes = !commandLine.box;
     options.background = commandLine.background;
     options.progress = report;
     ProjectScene scene(project, options);
@@ -106,21 +111,20 @@ public:
     const CommandLine::Size size = commandLine.size ? *commandLine.size
                                    : viewStation    ? sizeFor(*viewStation)
                                                     : CommandLine::Size();
-    if (viewStation) {
-      if (!scene.setView(*viewStation)) {
-        throw std::runtime_error("station \"" + viewStation->GetName().str() +
-                                 "\" is not oriented: there is no looking through it");
-      }
-      if (viewStation == highlightStation && !commandLine.imagePlanes) {
-        say("station \"" + viewStation->GetName().str() +
-            "\" is not marked: the view is through its own camera; --image-planes shows its "
-            "photograph marked");
-      }
-    } else {
-      scene.setView(commandLine.view, static_cast<double>(size.width) / size.height);
+    look(scene, size);
+    if (viewStation && viewStation == highlightStation && !commandLine.imagePlanes) {
+      say("station \"" + viewStation->GetName().str() +
+          "\" is not marked: the view is through its own camera; --image-planes shows its "
+          "photograph marked");
     }
+    if (commandLine.box) keepBox(scene, size);
+    if (commandLine.section) cutSection(scene, size);
     progress.clear();
     for (const std::string& note : scene.notes()) say(note);
+    if (commandLine.heightScale) {
+      const std::string reason = scene.showHeightScale();
+      if (!reason.empty()) say(reason);
+    }
     Tarnview::tellProblems(scene.problems(), 0, errors);
     if (commandLine.wantsWindow()) {
       progress.clear();
@@ -151,6 +155,60 @@ public:
   }
 
 private:
+  void look(ProjectScene& scene, const CommandLine::Size& size) {
+    if (!viewStation) {
+      scene.setView(commandLine.view, static_cast<double>(size.width) / size.height);
+    } else if (!scene.setView(*viewStation)) {
+      throw std::runtime_error("station \"" + viewStation->GetName().str() +
+                               "\" is not oriented: there is no looking through it");
+    }
+  }
+
+  // Box and section are drawn on the picture of the whole.
+  static CloudCut cutOf(const ProjectScene& scene, const CommandLine::Size& size) {
+    return {*scene.camera(), scene.framing().objectExtents(),
+            SbViewportRegion(static_cast<short>(size.width), static_cast<short>(size.height))};
+  }
+
+  void keepBox(ProjectScene& scene, const CommandLine::Size& size) {
+    const int left = cutOf(scene, size).keepBox(project, *commandLine.box);
+    say("box: " + std::to_string(left) + " points of clouds and meshes are left");
+    scene.showMeshes();
+    look(scene, size);  // the same way, as deep as what is shown now
+  }
+
+  void cutSection(ProjectScene& scene, const CommandLine::Size& size) {
+    if (!scene.framing().isZUp()) {
+      throw std::runtime_error(
+          "a section needs heights along Z, and by its cameras the project stands upright about "
+          "another direction");
+    }
+    const tarn::Units& units = *project.GetUnits();
+    std::optional<double> thickness = commandLine.thickness;
+    if (thickness) thickness = units.UnitsToMeters(*thickness);
+    const CloudSection section =
+        cutOf(scene, size).section(project, *commandLine.section, thickness);
+    tell(section, units);
+    if (!commandLine.profileFile.empty()) {
+      ProfileFile::write(commandLine.profileFile, section.profile, units);
+    }
+    scene.root()->addChild(SectionMark::points(section).get());
+    // A window's camera moves, and the line would not.
+    if (!commandLine.wantsWindow()) scene.root()->addChild(SectionMark::line(section).get());
+  }
+
+  void tell(const CloudSection& section, const tarn::Units& units) {
+    const auto& [low, high] =
+        std::ranges::minmax(section.profile, {}, &tarn::Profile::Point::height);
+    std::ostringstream text;
+    text << "section: " << section.points.size() << " points up to "
+         << units.MetersToUnits(section.thickness) << " to either side (--thickness), distances "
+         << units.MetersToUnits(section.profile.front().distance) << " to "
+         << units.MetersToUnits(section.profile.back().distance) << ", heights "
+         << units.MetersToUnits(low.height) << " to " << units.MetersToUnits(high.height);
+    say(text.str());
+  }
+
   void resolveNames() {
     if (commandLine.view == View::eStation) {
       viewStation = &ProjectFile::findStation(project, commandLine.viewStation);

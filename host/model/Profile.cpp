@@ -23,18 +23,19 @@ Profile::Profile(const Plane3D& plane, const Point3DDouble& from, const Point3DD
 }
 
 int Profile::Add(const PointMesh& mesh) {
-  if (!_usable) return 0;
-  const std::size_t before = _points.size();
+  int added = 0;
   const int count = mesh.GetNumPoints();
-  for (int i = 0; i < count; ++i) {
-    const Point3DDouble point = mesh.GetModelPoint(i);
-    // Negated, so that what is not a number is left out.
-    if (!(std::fabs(_plane.GetSignedDistance(point)) <= _thickness)) continue;
-    _points.push_back(
-        {(point.x - _from.x) * _direction.x + (point.y - _from.y) * _direction.y, point.z});
-  }
-  _sorted = _points.size() == before && _sorted;
-  return static_cast<int>(_points.size() - before);
+  for (int i = 0; i < count; ++i) added += Add(mesh.GetModelPoint(i));
+  return added;
+}
+
+int Profile::Add(const Point3DDouble& point) {
+  // Negated, so that what is not a number is left out.
+  if (!_usable || !(std::fabs(_plane.GetSignedDistance(point)) <= _thickness)) return 0;
+  _points.push_back(
+      {(point.x - _from.x) * _direction.x + (point.y - _from.y) * _direction.y, point.z});
+  _sorted = false;
+  return 1;
 }
 
 const std::vector<Profile::Point>& Profile::GetPoints() const {

@@ -36,6 +36,8 @@ public:
   /// Adds the mesh's points near the plane, and returns how many. Points with a coordinate that
   /// is not finite are left out. Linear.
   int Add(const PointMesh& mesh);
+  /// Adds a point of the model if it is near the plane and finite. Returns whether it is.
+  int Add(const Point3DDouble& point);
 
   /// The points, by growing distance.
   const std::vector<Point>& GetPoints() const;

@@ -39,6 +39,9 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
   EXPECT_FALSE(line.color.has_value());
   EXPECT_EQ(line.cloud, "");
   EXPECT_TRUE(line.findCloud);
+  EXPECT_FALSE(line.heightScale);
+  EXPECT_FALSE(line.section.has_value());
+  EXPECT_FALSE(line.box.has_value());
 }
 
 TEST_F(CommandLineTest, EveryOptionIsTaken) {
@@ -122,6 +125,69 @@ TEST_F(CommandLineTest, ColoursAreKnownByName) {
   }
 }
 
+TEST_F(CommandLineTest, SectionsAndBoxesAreFractionsOfThePicture) {
+  const CommandLine line = accepted({"p", "--thickness", "0.25", "--profile", "p.csv", "--section",
+                                     "0.125,0.25,1,0", "--scale", "--box=0,0.5,0.75,1"});
+  ASSERT_TRUE(line.section.has_value());
+  EXPECT_EQ(line.section->x0, 0.125);
+  EXPECT_EQ(line.section->y0, 0.25);
+  EXPECT_EQ(line.section->x1, 1.0);
+  EXPECT_EQ(line.section->y1, 0.0);
+  EXPECT_EQ(line.thickness, 0.25);
+  EXPECT_EQ(line.profileFile, "p.csv");
+  ASSERT_TRUE(line.box.has_value());
+  EXPECT_EQ(line.box->y0, 0.5);
+  EXPECT_EQ(line.box->x1, 0.75);
+  EXPECT_TRUE(line.heightScale);
+  for (const char* option : {"--section", "--box"}) {
+    for (const char* wrong : {"0,0,1", "0,0,1,1,1", "0;0;1;1", "0,0,1,1.5", "-0.1,0,1,1", "0,0,1,x",
+                              "0,0,1,", "nan,0,1,1", "0 ,0,1,1", "10%,0,1,1"}) {
+      EXPECT_THAT(refused({"p", std::string(option) + "=" + wrong}),
+                  HasSubstr(std::string(option) + ": found \"" + wrong +
+                            "\", expected x0,y0,x1,y1 from 0 to 1"));
+    }
+  }
+}
+
+TEST_F(CommandLineTest, SectionsAndBoxesHaveAnExtent) {
+  EXPECT_THAT(refused({"p", "--section", "0.5,0.5,0.5,0.5"}), HasSubstr("expected two places"));
+  accepted({"p", "--section", "0.5,0.5,0.5,0.75"});
+  for (const char* flat : {"0.5,0.25,0.5,0.75", "0.25,0.5,0.75,0.5"}) {
+    EXPECT_THAT(refused({"p", "--box", flat}),
+                HasSubstr("expected a box of some width and height"));
+  }
+}
+
+TEST_F(CommandLineTest, ThicknessAndProfileAreThoseOfASection) {
+  EXPECT_THAT(refused({"p", "--profile", "a.csv"}),
+              HasSubstr("--profile: found without --section, expected both"));
+  EXPECT_THAT(refused({"p", "--thickness", "1"}),
+              HasSubstr("--thickness: found without --section, expected both"));
+  for (const char* thickness : {"0", "-1", "nan", "1m"}) {
+    EXPECT_THAT(
+        refused({"p", "--section", "0,0,1,1", std::string("--thickness=") + thickness}),
+        HasSubstr("--thickness: found \"" + std::string(thickness) + "\", expected a number"));
+  }
+}
+
+TEST_F(CommandLineTest, ProfileAloneNeedsNoWindowButAProject) {
+  EXPECT_FALSE(accepted({"p", "--section", "0,0,1,1", "--profile", "a.csv"}).wantsWindow());
+  EXPECT_TRUE(accepted({"p", "--section", "0,0,1,1"}).wantsWindow());
+  EXPECT_THAT(refused({"--nodes", "--section", "0,0,1,1", "--profile", "a.csv"}),
+              HasSubstr("PROJECT"));
+}
+
+TEST_F(CommandLineTest, ProfileIsAFileOfItsOwn) {
+  const std::vector<std::string> call = {"p", "--section", "0,0,1,1", "--profile", "b/../a.png"};
+  for (const char* option : {"--render", "--write"}) {
+    std::vector<std::string> both = call;
+    both.insert(both.end(), {option, "a.png"});
+    EXPECT_THAT(refused(both), HasSubstr("--profile: found \"b/../a.png\", expected another file "
+                                         "than that of " +
+                                         std::string(option)));
+  }
+}
+
 TEST_F(CommandLineTest, CloudIsNamedOrLeftOutButNotBoth) {
   EXPECT_EQ(accepted({"p", "--cloud", "a b.ply"}).cloud, "a b.ply");
   EXPECT_FALSE(accepted({"p", "--no-cloud"}).findCloud);
@@ -146,9 +212,9 @@ TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
 }
 
 TEST_F(CommandLineTest, EmptyValuesAreRefused) {
-  for (const char* option :
-       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids", "--rays",
-        "--background", "--color", "--cloud", "--contours"}) {
+  for (const char* option : {"--size", "--view", "--highlight", "--render", "--write",
+                             "--ellipsoids", "--rays", "--background", "--color", "--cloud",
+                             "--contours", "--section", "--box", "--thickness", "--profile"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }

@@ -4,9 +4,12 @@
 #include "tests/support/Baseline.h"
 #include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
+#include "viewer/CloudCut.h"
 #include "viewer/OffscreenRenderer.h"
 #include "viewer/ProjectFile.h"
+#include "viewer/SectionMark.h"
 
+#include <cmath>
 #include <cstdlib>
 
 using View = CommandLine::View;
@@ -122,4 +125,31 @@ TEST_F(ProjectSceneGLTest, ImagePlaneShowsThePhotographAsTheStationSawIt) {
   }
   // Upside down or mirrored it is above 30; points are drawn over it, and it is resampled.
   EXPECT_LT(sum / (3.0 * width * height), 9.0);
+}
+
+// A terrain in the colours of its heights, their legend, and a section across a hill: its line,
+// and its points marked.
+TEST_F(ProjectSceneGLTest, SectionOfACloudWithHeightScale) {
+  tarn::Project terrain;
+  tarn::PointMesh& cloud = terrain.AddPointMesh();
+  constexpr int side = 120;
+  cloud.Allocate(side * side, 0);
+  for (int i = 0; i < side * side; ++i) {
+    const float x = static_cast<float>(i % side) - side / 2;
+    const float y = static_cast<float>(i / side) - side / 2;
+    cloud.GetPoints()[i][0] = x;
+    cloud.GetPoints()[i][1] = y;
+    cloud.GetPoints()[i][2] = 100.0F + 25.0F * std::exp(-(x * x + y * y) / 800.0F) + 0.1F * x;
+  }
+  ProjectScene::Options options;
+  options.color = CommandLine::Color::eHeight;
+  ProjectScene scene(terrain, options);
+  scene.setView(View::eIso, aspect);
+  const CloudCut cut(*scene.camera(), scene.framing().objectExtents(),
+                     SbViewportRegion(width, height));
+  const CloudSection section = cut.section(terrain, {0.15, 0.4, 0.7, 0.85}, {});
+  scene.root()->addChild(SectionMark::points(section).get());
+  scene.root()->addChild(SectionMark::line(section).get());
+  EXPECT_EQ(scene.showHeightScale(), "");
+  expectBaseline(scene);
 }

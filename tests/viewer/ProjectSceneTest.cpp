@@ -1,6 +1,7 @@
 #include "viewer/ProjectScene.h"
 
 #include <Inventor/nodes/SoCamera.h>
+#include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoMarkerSet.h>
 #include <Inventor/nodes/SoSwitch.h>
 
@@ -13,11 +14,13 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
+#include "nodes/hud/TarnOIColorizeScaleHUD.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/ProjectFile.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
@@ -341,4 +344,72 @@ TEST_F(ProjectSceneTest, EmptyProjectMakesAScene) {
   scene.setView(View::eIso, 1.0);
   scene.showLabels(SbViewportRegion(80, 60));
   EXPECT_EQ(count(scene.root(), SoCamera::getClassTypeId()), 1);
+}
+
+class ProjectSceneOfACloudTest : public TarnTest {
+protected:
+  ProjectSceneOfACloudTest() : cloud(project.AddPointMesh()) {
+    cloud.Allocate(100, 1);
+    for (int i = 0; i < 100; ++i) {
+      cloud.GetPoints()[i][0] = static_cast<float>(i % 10);
+      cloud.GetPoints()[i][1] = static_cast<float>(i / 10);
+      cloud.GetPoints()[i][2] = 0.1F * static_cast<float>(i % 7);
+    }
+  }
+  bool showsScale(ProjectScene& scene) const {
+    SoSearchAction search;
+    search.setType(TarnOIColorizeScaleHUD::getClassTypeId());
+    search.apply(scene.root());
+    return search.getPath() != nullptr;
+  }
+
+  tarn::Project project;
+  tarn::PointMesh& cloud;
+  ProjectScene::Options options;
+};
+
+TEST_F(ProjectSceneOfACloudTest, HeightScaleIsShownForHeightColours) {
+  options.color = CommandLine::Color::eHeight;
+  ProjectScene scene(project, options);
+  EXPECT_FALSE(showsScale(scene));
+  EXPECT_EQ(scene.showHeightScale(), "");
+  EXPECT_TRUE(showsScale(scene));
+}
+
+TEST_F(ProjectSceneOfACloudTest, WithoutHeightColoursThereIsNoScaleAndTheReasonIsTold) {
+  ProjectScene scene(project, options);
+  EXPECT_THAT(scene.showHeightScale(), ::testing::HasSubstr("nothing is coloured by height"));
+  EXPECT_FALSE(showsScale(scene));
+}
+
+TEST_F(ProjectSceneOfACloudTest, ScaleOfCloudsWithDifferentShiftsIsNotShown) {
+  options.color = CommandLine::Color::eHeight;
+  tarn::PointMesh& shifted = project.AddPointMesh();
+  shifted.Allocate(1, 0);
+  std::ranges::fill(shifted.GetPointStorage(), 1.0F);
+  tarn::BasicAffine model_from_stored;
+  model_from_stored.SetTranslation({}, {0.0, 0.0, 20000.0});
+  shifted.SetLocalAffine(model_from_stored);
+  ProjectScene scene(project, options);
+  EXPECT_THAT(scene.showHeightScale(), ::testing::HasSubstr("different shifts"));
+  EXPECT_FALSE(showsScale(scene));
+}
+
+TEST_F(ProjectSceneOfACloudTest, MeshesThatAreShownLaterAreShownAsTheyAreThenInTheViewOfTheWhole) {
+  ProjectScene whole(project, options);
+  whole.setView(View::eIso, 1.5);
+  options.meshes = false;
+  ProjectScene scene(project, options);
+  scene.setView(View::eIso, 1.5);
+  EXPECT_EQ(scene.dictionary().atKey(&cloud), nullptr);
+  std::vector<bool> kept(100);
+  kept[7] = kept[70] = true;
+  cloud.KeepPoints(kept);
+  scene.showMeshes();
+  SoSearchAction search;
+  search.setType(SoCoordinate3::getClassTypeId());
+  search.apply(static_cast<SoNode*>(scene.dictionary().atKey(&cloud)));
+  ASSERT_NE(search.getPath(), nullptr);
+  EXPECT_EQ(static_cast<SoCoordinate3*>(search.getPath()->getTail())->point.getNum(), 2);
+  EXPECT_EQ(scene.camera()->position.getValue(), whole.camera()->position.getValue());
 }

@@ -338,6 +338,112 @@ TEST_F(TarnviewGLTest, ColoursThatAreNotThereAreMissedButNoError) {
             "tarnview: \"grey\" has no colours of its own; --color height shows it by height\n");
 }
 
+TEST_F(TarnviewGLTest, SectionIsToldMarkedAndWrittenAsAProfile) {
+  folder.write("bowl.ply", bowl(512000.0, 5000000.0, 100.0));
+  const std::string bowlFromAbove = quoted("bowl.ply") + " --view top --size 200x200 ";
+  // The bowl is 20 wide, and so is the picture with some air: the line runs through its middle.
+  const Result result =
+      tarnview(bowlFromAbove + "--section 0,0.5,1,0.5 --thickness 0.5 --profile " +
+               quoted("p.csv") + " --render " + quoted("a.png"));
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.errors, StartsWith("tarnview: section: 21 points up to 0.5 to either side "
+                                        "(--thickness), distances "));
+  std::istringstream profile(content("p.csv"));
+  std::string line;
+  ASSERT_TRUE(std::getline(profile, line));
+  EXPECT_EQ(line, "distance,height");
+  double first = 0.0;
+  for (int i = 0; i < 21; ++i) {
+    double distance = 0.0;
+    double height = 0.0;
+    char comma = 0;
+    ASSERT_TRUE(profile >> distance >> comma >> height);
+    if (i == 0) first = distance;
+    EXPECT_NEAR(distance, first + i, 1e-3);
+    EXPECT_NEAR(height, 100.0 + 0.03125 * (i - 10) * (i - 10), 1e-3);
+  }
+  EXPECT_GT(first, 0.1);
+  const auto reds = [this](const std::string& name) {
+    const Picture picture = Picture::read(folder.file(name));
+    int count = 0;
+    for (int x = 0; x < picture.width; ++x) {
+      for (int y = 90; y < 110; ++y) {
+        const std::uint8_t* pixel = picture.at(x, y);
+        count += pixel[0] > 180 && pixel[1] < 60;
+      }
+    }
+    return count;
+  };
+  EXPECT_GE(reds("a.png"), 200);
+  ASSERT_EQ(tarnview(bowlFromAbove + "--render " + quoted("b.png")).status, 0);
+  EXPECT_EQ(reds("b.png"), 0);
+}
+
+TEST_F(TarnviewGLTest, OrderOfOptionsDoesNotMatter) {
+  folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
+  const std::string options[] = {"--color height",        "--scale",    "--box 0.2,0.2,0.7,0.8",
+                                 "--section 0,0.3,1,0.6", "--view top", "--size 160x120"};
+  std::string forward = quoted("bowl.ply");
+  std::string backward;
+  for (const std::string& option : options) {
+    forward += " " + option;
+    backward.insert(0, " " + option);
+  }
+  backward += " " + quoted("bowl.ply");
+  const Result a = tarnview(forward + " --render " + quoted("a.png"));
+  const Result b = tarnview(" --render " + quoted("b.png") + backward);
+  EXPECT_EQ(a.status, 0);
+  EXPECT_EQ(a.errors, b.errors);
+  EXPECT_EQ(Picture::read(folder.file("a.png")).bytes, Picture::read(folder.file("b.png")).bytes);
+}
+
+TEST_F(TarnviewGLTest, WhatIsRefusedToBeCutLeavesNoFile) {
+  folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
+  const std::string files = " --profile " + quoted("p.csv") + " --render " + quoted("a.png");
+  const std::string cloud = quoted("bowl.ply");
+  for (const auto& [call, reason] :
+       {std::pair(demo + " --section 0,0,1,1", "there is no dense cloud or mesh to cut"),
+        std::pair(cloud + " --view top --section 0,0,0.01,0.01", "lies in the section"),
+        std::pair(cloud + " --view front --section 0,0.3,1,0.3", "plane is horizontal"),
+        std::pair(cloud + " --view top --box 0,0,0.01,0.01 --section 0,0,1,1",
+                  "lies in the box")}) {
+    const Result result = tarnview(call + files);
+    EXPECT_EQ(result.status, 1) << call;
+    EXPECT_THAT(result.errors, HasSubstr(reason));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("p.csv"))) << call;
+    EXPECT_FALSE(std::filesystem::exists(folder.file("a.png"))) << call;
+  }
+}
+
+TEST_F(TarnviewGLTest, ProfileThatCannotBeWrittenEndsWithOne) {
+  folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
+  const Result result = tarnview(quoted("bowl.ply") + " --view top --section 0,0.5,1,0.5 " +
+                                 "--profile " + quoted("no/p.csv"));
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, EndsWith("no/p.csv: the profile cannot be written: No such file or "
+                                      "directory\n"));
+}
+
+TEST_F(TarnviewGLTest, HeightScaleWithoutHeightColoursIsMissedButNoError) {
+  const Result result = tarnview(demo + " --scale --size 40x30 --render " + quoted("a.png"));
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.errors,
+              StartsWith("tarnview: there is no height scale: nothing is coloured by height"));
+}
+
+TEST_F(TarnviewGLTest, WrittenSceneHasTheSectionsPointsButNothingThatLiesOnTheScreen) {
+  folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
+  const Result result =
+      tarnview(quoted("bowl.ply") + " --color height --scale --section 0,0.5,1,0.6 --write " +
+               quoted("scene.iv"));
+  EXPECT_EQ(result.status, 0) << result.errors;
+  const std::string scene = content("scene.iv");
+  EXPECT_THAT(scene, HasSubstr("PointSet"));
+  EXPECT_THAT(scene, Not(HasSubstr("OrthographicCamera")));
+  EXPECT_THAT(scene, Not(HasSubstr("Text2")));
+  EXPECT_THAT(scene, Not(HasSubstr("Tarn")));
+}
+
 // The written scene is read by a program that knows nothing of this library and drawn by
 // the same renderer: the pictures are the same but for the point symbols, which are
 // Inventor's own there.

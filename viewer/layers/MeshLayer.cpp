@@ -81,8 +81,10 @@ MeshLayer::Shown MeshLayer::addSurface(tarn::PointMesh& mesh) {
 
 void MeshLayer::setColor(std::optional<Color> color) {
   colorNotes.clear();
+  heightsShown = false;
   for (const Shown& shown : meshes) {
     const Color kind = colorOf(*shown.mesh, color);
+    heightsShown = heightsShown || kind == Color::eHeight;
     if (shown.corners) {
       colorSurface(shown, kind);
     } else {

@@ -29,6 +29,9 @@ public:
   /// none is coloured by height.
   void setColor(std::optional<Color> color);
 
+  /// Whether any mesh is coloured by height.
+  bool showsHeights() const { return heightsShown; }
+
   /// What cannot be coloured as it was asked for last, a line for each mesh.
   const std::vector<std::string>& notes() const { return colorNotes; }
 
@@ -49,4 +52,5 @@ private:
   tarn::Project& project;
   std::vector<Shown> meshes;
   std::vector<std::string> colorNotes;
+  bool heightsShown = false;
 };

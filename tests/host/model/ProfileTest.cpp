@@ -93,6 +93,18 @@ TEST_F(ProfileTest, MeshesAreAddedOneAfterTheOther) {
   EXPECT_THAT(profile.GetPoints(), ElementsAre(PointAt(2.5, 2.0), PointAt(5.0, 1.0)));
 }
 
+TEST_F(ProfileTest, SinglePointsAreAddedAmongThoseOfMeshes) {
+  PointMesh mesh;
+  fill(mesh, {{1.0, 2.0, 0.25}, {4.0, 6.0, -1.5}});
+  Profile profile(upright, from, to, 0.01);
+  profile.Add(mesh);
+  profile.GetPoints();
+  EXPECT_EQ(profile.Add(Point3DDouble(2.5, 4.0, 7.0)), 1);
+  EXPECT_EQ(profile.Add(Point3DDouble(2.5, 4.5, 7.0)), 0);
+  EXPECT_THAT(profile.GetPoints(),
+              ElementsAre(PointAt(0.0, 0.25), PointAt(2.5, 7.0), PointAt(5.0, -1.5)));
+}
+
 TEST_F(ProfileTest, PointsAreTakenThroughTheMeshsLocalAffine) {
   PointMesh mesh;
   fill(mesh, {{2.5, 4.0, 7.0}});
