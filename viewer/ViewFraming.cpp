@@ -211,9 +211,11 @@ SoCamera* ViewFraming::makeCamera(CommandLine::View view, double aspect) const {
     mostDown = std::min(mostDown, u - tangentY * b);
     nearest = std::max(nearest, b);
   }
-  if (framed.empty()) {
-    mostRight = mostUp = nearest = 0.5;
+  // Nothing, or all of it at one place: a unit around it.
+  if (mostRight <= mostLeft && mostUp <= mostDown) {
+    mostRight = mostUp = 0.5;
     mostLeft = mostDown = -0.5;
+    nearest = std::max(nearest, 0.5);
   }
   const double x = 0.5 * (mostRight + mostLeft);
   const double y = 0.5 * (mostUp + mostDown);

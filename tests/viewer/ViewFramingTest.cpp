@@ -222,3 +222,17 @@ TEST_F(ViewFramingTest, EmptyProjectAndSinglePointGiveUsableCameras) {
     }
   }
 }
+
+TEST_F(ViewFramingTest, PointsAtOnePlaceAreInThePictureAndItsDepth) {
+  for (int i = 0; i < 3; ++i) addPoint(10.0, -20.0, 30.0);
+  const ViewFraming framing(project);
+  for (const View view : {View::eIso, View::eTop, View::eFront, View::eRight}) {
+    const NodeRef<SoCamera> camera(framing.makeCamera(view, 1.5));
+    framing.setDepthRange(camera.get(), 0.15);
+    const SbVec3f at = onScreen(*camera, {10.0, -20.0, 30.0});
+    EXPECT_NEAR(at[0], 0.5F, 1e-4F);
+    EXPECT_NEAR(at[1], 0.5F, 1e-4F);
+    EXPECT_GT(at[2], 0.0F) << "view " << static_cast<int>(view);
+    EXPECT_LT(at[2], 1.0F) << "view " << static_cast<int>(view);
+  }
+}

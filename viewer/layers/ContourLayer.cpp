@@ -69,6 +69,7 @@ ContourLayer::ContourLayer(tarn::Project& project, double spacing, double lift,
     if (!mesh.GetBoundingBox(low, high, nullptr, /*stored=*/0)) continue;
     if (!((high.z - low.z) / spacing <= mostLevels)) {
       std::ostringstream message;
+      message.precision(10);  // heights may be far from 0
       message << "contours every " << spacing << " over heights from " << low.z << " to " << high.z
               << " are more than " << mostLevels << "; a spacing of "
               << (high.z - low.z) / mostLevels << " or more is needed";

@@ -144,3 +144,10 @@ TEST_F(ContourLayerTest, SpacingThatGivesTooManyLinesIsRefusedWithOneThatDoesNot
             "0.0005 or more is needed");
   EXPECT_EQ(refusal(0.001), "nothing was refused");
 }
+
+TEST_F(ContourLayerTest, RefusalTellsHeightsFarFromZeroApart) {
+  addRamp(5000000.0F, true);
+  EXPECT_EQ(refusal(1e-9),
+            "contours every 1e-09 over heights from 5000000 to 5000001 are more than 2000; a "
+            "spacing of 0.0005 or more is needed");
+}
