@@ -14,6 +14,7 @@
 #include <Inventor/nodes/SoPickStyle.h>
 #include <Inventor/nodes/SoResetTransform.h>
 #include <Inventor/nodes/SoText2.h>
+#include <Inventor/nodes/SoTransparencyType.h>
 
 #include "host/model/Project.h"
 
@@ -92,6 +93,10 @@ HeightLegend::HeightLegend(tarn::Project& project)
   overlay->addChild(pick);
   auto* ground = new SoSeparator;
   overlay->addChild(ground);
+  // Drawn at once: what is blended later, and is behind it, must not be drawn over it.
+  auto* blending = new SoTransparencyType;
+  blending->value = SoTransparencyType::BLEND;
+  ground->addChild(blending);
   auto* model = new SoLightModel;
   model->model = SoLightModel::BASE_COLOR;
   ground->addChild(model);

@@ -1,5 +1,8 @@
 #include "viewer/HeightLegend.h"
 
+#include <Inventor/nodes/SoCube.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include "host/model/Project.h"
@@ -69,4 +72,30 @@ TEST_F(HeightLegendGLTest, NumbersStandOnADarkPlateInFrontOfTheScene) {
   EXPECT_EQ(picture.at(10, 150)[0], 255);
   // Between the numbers, right of the bar.
   EXPECT_NEAR(picture.at(380, 100)[0], 77, 2);
+}
+
+TEST_F(HeightLegendGLTest, WhatIsTransparentInTheSceneIsBehindThePlate) {
+  const auto besideTheNumbers = [this](float transparency) {
+    HeightLegend legend(project);
+    const NodeRef<SoSeparator> scene = makeNode<SoSeparator>();
+    auto* camera = new SoOrthographicCamera;
+    // Nearer to its eye than the plate to that of the legend: sorted, it would be drawn last.
+    camera->position = SbVec3f(0.0F, 0.0F, 0.9F);
+    camera->nearDistance = 0.5F;
+    scene->addChild(camera);
+    auto* white = new SoMaterial;
+    white->diffuseColor = SbColor(0.0F, 0.0F, 0.0F);
+    white->emissiveColor = SbColor(1.0F, 1.0F, 1.0F);
+    white->transparency = transparency;
+    scene->addChild(white);
+    auto* wall = new SoCube;
+    wall->width = wall->height = 10.0F;
+    wall->depth = 0.1F;
+    scene->addChild(wall);
+    scene->addChild(legend.root());
+    OffscreenRenderer renderer(400, 300);
+    return static_cast<int>(renderer.render(scene.get()).at(380, 100)[0]);
+  };
+  EXPECT_NEAR(besideTheNumbers(0.0F), 77, 2);
+  EXPECT_LE(besideTheNumbers(0.5F), 77);
 }
