@@ -1,6 +1,7 @@
 #include "viewer/SectionMark.h"
 
 #include <Inventor/nodes/SoCoordinate3.h>
+#include <Inventor/nodes/SoDepthBuffer.h>
 #include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
@@ -14,8 +15,13 @@
 #include "nodes/framework/ViewerFrame.h"
 #include "viewer/CloudCut.h"
 
-NodeRef<SoSeparator> SectionMark::points(const CloudSection& section) {
+NodeRef<SoSeparator> SectionMark::points(const CloudSection& section, bool overAll) {
   NodeRef<SoSeparator> mark = makeNode<SoSeparator>();
+  if (overAll) {
+    auto* depth = new SoDepthBuffer;
+    depth->test = FALSE;
+    mark->addChild(depth);
+  }
   auto* pick = new SoPickStyle;
   pick->style = SoPickStyle::UNPICKABLE;
   mark->addChild(pick);

@@ -192,7 +192,8 @@ private:
     if (!commandLine.profileFile.empty()) {
       ProfileFile::write(commandLine.profileFile, section.profile, units);
     }
-    scene.root()->addChild(SectionMark::points(section).get());
+    const bool overPhotograph = viewStation && commandLine.imagePlanes;
+    scene.root()->addChild(SectionMark::points(section, overPhotograph).get());
     // A window's camera moves, and the line would not.
     if (!commandLine.wantsWindow()) scene.root()->addChild(SectionMark::line(section).get());
   }

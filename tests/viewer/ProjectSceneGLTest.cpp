@@ -148,7 +148,7 @@ TEST_F(ProjectSceneGLTest, SectionOfACloudWithHeightScale) {
   const CloudCut cut(*scene.camera(), scene.framing().objectExtents(),
                      SbViewportRegion(width, height));
   const CloudSection section = cut.section(terrain, {0.15, 0.4, 0.7, 0.85}, {});
-  scene.root()->addChild(SectionMark::points(section).get());
+  scene.root()->addChild(SectionMark::points(section, false).get());
   scene.root()->addChild(SectionMark::line(section).get());
   EXPECT_EQ(scene.showHeightScale(), "");
   expectBaseline(scene);

@@ -424,6 +424,28 @@ TEST_F(TarnviewGLTest, ProfileThatCannotBeWrittenEndsWithOne) {
                                       "directory\n"));
 }
 
+TEST_F(TarnviewGLTest, SectionsPointsAreMarkedOverThePhotographThatIsLookedAt) {
+  // Round the demo's object, which the cameras look at.
+  folder.write("bowl.ply", bowl(110.0, 240.0, 25.0));
+  const auto marked = [this](const std::string& options) {
+    const Result result = tarnview(demo + " --view station:station03 --cloud " +
+                                   quoted("bowl.ply") + " --size 400x300 --thickness 5 --section " +
+                                   "0.05,0.5,0.95,0.5 --render " + quoted("a.png") + options);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    const Picture picture = Picture::read(folder.file("a.png"));
+    int count = 0;
+    for (int y = 0; y < picture.height; ++y) {
+      for (int x = 0; x < picture.width; ++x) {
+        const std::uint8_t* pixel = picture.at(x, y);
+        count += pixel[0] == 255 && pixel[1] == 41 && pixel[2] == 184;
+      }
+    }
+    return count;
+  };
+  EXPECT_GT(marked(""), 100);
+  EXPECT_GT(marked(" --image-planes"), 100);
+}
+
 TEST_F(TarnviewGLTest, HeightScaleWithoutHeightColoursIsMissedButNoError) {
   const Result result = tarnview(demo + " --scale --size 40x30 --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 0);
