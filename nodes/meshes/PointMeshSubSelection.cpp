@@ -59,12 +59,6 @@ void addPointSet(SoSeparator& target, const std::vector<SbVec3f>& points) {
   target.addChild(new SoPointSet);
 }
 
-// A face among those of a surface's records.
-struct Face {
-  const SoNode* faceSet = nullptr;
-  int index = 0;
-};
-
 }  // namespace
 
 void TarnOIPointMeshSeparator::SetSubHighlightColor(int red, int green, int blue) {
@@ -128,33 +122,21 @@ void TarnOIPointMeshSeparator::HighlightSubTrianglesMultiPhotoTexture(
   const tarn::VOrdCollect* triangles = surface() ? surface()->GetTriangles() : nullptr;
   if (!triangleIndexes || !triangles || !triangleLookups) return;
 
-  // Every record is read once, however many triangles are listed.
   std::vector<const tarn::VObject*> listed;
   for (int i = 0; i < triangleIndexes->size(); ++i) {
     const int index = indexIn(*triangleIndexes, i, triangles->size());
     if (index != -1) listed.push_back(triangles->at(index));
   }
-  std::unordered_map<const tarn::VObject*, Face> faces(listed.size());
-  for (const tarn::VObject* triangle : listed) faces.try_emplace(triangle);
-  for (const OI_To_Tarn_TriangleLookup& record : triangleLookups->records) {
-    int index = 0;
-    for (const tarn::VObject* triangle : record.triangles) {
-      const auto found = faces.find(triangle);
-      if (found != faces.end() && !found->second.faceSet) {
-        found->second = {record.faceSet.get(), index};
-      }
-      ++index;
-    }
-  }
   std::unordered_map<const SoNode*, SoMaterial*> materials;
-  for (const tarn::VObject* triangle : listed) {
-    const Face& face = faces[triangle];
+  for (const TriangleLookups::Face& face : triangleLookups->firstFacesOf(listed)) {
     if (!face.faceSet) continue;
     SoMaterial*& material = materials[face.faceSet];
     if (!material) material = materialInFrontOf(face.faceSet);
     if (!material || face.index >= material->diffuseColor.getNum()) continue;
     material->diffuseColor.startEditing()[face.index] = selected;
-    material->diffuseColor.finishEditing();
+  }
+  for (const auto& [faceSet, material] : materials) {
+    if (material) material->diffuseColor.finishEditing();
   }
 }
 

@@ -5,7 +5,9 @@
 #include "host/model/Triangle.h"
 #include "tests/support/TarnTest.h"
 
+#include <deque>
 #include <memory>
+#include <vector>
 
 class TriangleLookupsTest : public TarnTest {
 protected:
@@ -36,6 +38,37 @@ TEST_F(TriangleLookupsTest, ARecordIsFoundByItsFaceSet) {
   EXPECT_EQ(lookups.find(node->getChild(1)), &lookups.records[1]);
   EXPECT_EQ(lookups.find(node.get()), nullptr);
   EXPECT_EQ(lookups.find(nullptr), nullptr);
+}
+
+TEST_F(TriangleLookupsTest, TheFirstFaceOfATriangleIsThatOfTheFirstRecord) {
+  tarn::Triangle second;
+  tarn::Triangle nowhere;
+  lookups.records[0].triangles = {&second, nullptr};
+  lookups.records[1].triangles = {&triangle, &second, &triangle};
+  const auto faces = lookups.firstFacesOf({&triangle, &nowhere, &second, &triangle});
+  ASSERT_EQ(faces.size(), 4U);
+  EXPECT_EQ(faces[0].faceSet, node->getChild(1));
+  EXPECT_EQ(faces[0].index, 0);
+  EXPECT_EQ(faces[1].faceSet, nullptr);
+  EXPECT_EQ(faces[2].faceSet, node->getChild(0));
+  EXPECT_EQ(faces[2].index, 0);
+  EXPECT_EQ(faces[3].faceSet, node->getChild(1));
+  EXPECT_THAT(lookups.firstFacesOf({}), ::testing::IsEmpty());
+}
+
+TEST_F(TriangleLookupsTest, EveryOfManyTrianglesIsFound) {
+  std::deque<tarn::Triangle> many(5000);
+  std::vector<const tarn::VObject*> sought;
+  lookups.records[0].triangles.clear();
+  for (std::size_t i = 0; i < many.size(); ++i) {
+    lookups.records[0].triangles.push_back(&many[i]);
+    if (i % 3 == 0) sought.push_back(&many[i]);
+  }
+  const auto faces = lookups.firstFacesOf(sought);
+  for (std::size_t i = 0; i < faces.size(); ++i) {
+    ASSERT_EQ(faces[i].faceSet, node->getChild(0));
+    ASSERT_EQ(faces[i].index, static_cast<int>(3 * i));
+  }
 }
 
 TEST_F(TriangleLookupsTest, TheCounterpartOfACopyHasTheCopysFaceSets) {
