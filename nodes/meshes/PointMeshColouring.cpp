@@ -109,6 +109,8 @@ bool TarnOIPointMeshSeparator::isTriangulated() const {
 }
 
 void TarnOIPointMeshSeparator::removeColours() {
+  if (!colorMaterial && !colorBinding) return;
+  const OneNotification once(*this);
   ChildNodes::removeAndForget(*this, colorMaterial);
   ChildNodes::removeAndForget(*this, colorBinding);
 }
@@ -134,7 +136,7 @@ void TarnOIPointMeshSeparator::colourPoints(Paint paint) {
                                            : SoMaterialBinding::PER_PART);
   {
     const FieldFill colours(colorMaterial->diffuseColor, count);
-    const int coloured = mesh()->GetPoints() ? std::min(count, points) : 0;
+    const int coloured = mesh()->GetPoints() ? std::clamp(points, 0, count) : 0;
     paint(colours.values(), coloured);
     std::fill(colours.values() + coloured, colours.values() + count, SbColor(0.0F, 0.0F, 0.0F));
   }

@@ -72,7 +72,7 @@ void TarnOIPointMeshSeparator::HighlightSubPoints(tarn::VOrdCollect* pointIndexe
   const OneNotification once(*this);
   placeSubHighlight();
   const SbColor plain = materialColours().diffuse;
-  const int points = mesh()->GetNumPoints();
+  const int points = std::max(mesh()->GetNumPoints(), 0);
   const int coloured = mesh()->GetRGBsForPoints() ? points : 0;
   const int count = std::max(points, pointPos ? pointPos->point.getNum() : 0);
 

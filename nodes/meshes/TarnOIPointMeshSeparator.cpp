@@ -86,7 +86,7 @@ int TarnOIPointMeshSeparator::SetMeshData(tarn::PointMesh* mesh) {
   // Where nobody else knows the coordinates that were dropped, their memory is filled again.
   if (earlier && earlier->getRefCount() == 1) FieldMemory::swap(pointPos->point, earlier->point);
   {
-    const int count = mesh->GetNumPoints();
+    const int count = std::max(mesh->GetNumPoints(), 0);
     const FieldFill points(pointPos->point, count);
     frame().place(*mesh, points.values(), count);
   }

@@ -41,7 +41,7 @@ class VOrdCollect;
 ///
 /// Children, in brackets what may be missing; a mesh that has a local affine is drawn through
 /// the transform:
-///   a cloud    [colorMaterial, colorBinding, [sub-highlight material, binding]],
+///   a cloud    [colorMaterial, colorBinding], [sub-highlight material, binding],
 ///              [localTransform], pointPos, SoPointSet
 ///   a mesh     [sub-highlight material, binding], [localTransform], SoNormal, SoCoordinate3,
 ///              faceSet
@@ -135,9 +135,8 @@ public:
   /// for the cloud as a whole.
   void Highlight(SoMaterial* material, int on) override;
 
-  /// Non-zero when the model object has that many triangles. An unbound node and one that shows
-  /// something else than a point mesh are reported ("tarnObject",
-  /// "tarnObject->isA( PointMeshCls )"), and have none.
+  /// How many triangles the mesh has. An unbound node and one that shows something else than a
+  /// point mesh are reported ("tarnObject", "tarnObject->isA( PointMeshCls )"), and have none.
   int GetNumTriangles() const;
 
   /// The number of a picked face in the model's list of triangles, counted from 0; -1 where the

@@ -196,6 +196,9 @@ TEST_F(PointMeshColouringTest, ColouringIsSignalledOnce) {
   node->SetPointCloudPointMesh(&cloud, &dictionary);
   EXPECT_EQ(signalsWhile([this] { node->ColorRange(1, &project); }), 1);
   EXPECT_TRUE(node->colorMaterial->diffuseColor.isNotifyEnabled());
+  const auto off = [this] { node->ColorRange(0, &project); };
+  EXPECT_EQ(signalsWhile(off), 1);
+  EXPECT_EQ(signalsWhile(off), 0);
 }
 
 TEST_F(PointMeshColouringTest, TheColoursFollowTheCoordinatesNumberWithoutTheCheck) {

@@ -6,6 +6,7 @@
 #include <Inventor/nodes/SoShapeHints.h>
 
 #include "tests/nodes/meshes/PointMeshFixture.h"
+#include "tests/support/TransformMatrix.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -25,14 +26,6 @@ public:
   bool hasPoints = true;
   int hasAffine = 0;
 };
-
-SbMatrix matrixOf(const SoTransform& transform) {
-  SbMatrix matrix;
-  matrix.setTransform(transform.translation.getValue(), transform.rotation.getValue(),
-                      transform.scaleFactor.getValue(), transform.scaleOrientation.getValue(),
-                      transform.center.getValue());
-  return matrix;
-}
 
 // Where the transform puts a point.
 SbVec3f moved(const SoTransform& transform, const SbVec3f& point) {

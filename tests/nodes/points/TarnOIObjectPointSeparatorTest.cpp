@@ -23,6 +23,7 @@
 #include "tests/support/Children.h"
 #include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
+#include "tests/support/TransformMatrix.h"
 
 #include <cmath>
 #include <set>
@@ -48,14 +49,6 @@ public:
   using TarnOIObjectPointSeparator::sphereSeparator;
   using TarnOIObjectPointSeparator::sphereTransform;
 };
-
-SbMatrix matrixOf(const SoTransform& transform) {
-  SbMatrix matrix;
-  matrix.setTransform(transform.translation.getValue(), transform.rotation.getValue(),
-                      transform.scaleFactor.getValue(), transform.scaleOrientation.getValue(),
-                      transform.center.getValue());
-  return matrix;
-}
 
 }  // namespace
 
