@@ -146,6 +146,14 @@ CommandLine::Corners parseBox(const std::string& text) {
   return box;
 }
 
+int parseCount(const std::string& option, const std::string& text) {
+  int count = 0;
+  if (!parseNumber(text, count) || count < 0) {
+    throw CLI::ValidationError(option, "found \"" + text + "\", expected a whole number from 0 on");
+  }
+  return count;
+}
+
 void checkFiles(const std::string& picture, const std::string& scene, const std::string& profile) {
   const auto place = [](const std::string& file) {
     std::error_code ignored;
@@ -183,6 +191,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   std::string color;
   bool noCloud = false;
   std::string contours;
+  std::string pointNodes;
   std::string ellipsoids;
   std::string box;
   std::string section;
@@ -252,6 +261,10 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
       app.add_option("--background", background,
                      "none (transparent in a picture), plain or gradient [gradient]")
           ->type_name("KIND");
+  const CLI::Option* pointNodesOption =
+      app.add_option("--point-nodes", pointNodes,
+                     "Show more than COUNT object points as one cloud [50000]")
+          ->type_name("COUNT");
   const CLI::Option* writeOption =
       app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
           ->type_name("FILE");
@@ -281,6 +294,9 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
     if (backgroundOption->count() > 0) commandLine.background = parseBackground(background);
     if (ellipsoidOption->count() > 0) {
       commandLine.ellipsoidScale = parseSizeOf("--ellipsoids", ellipsoids);
+    }
+    if (pointNodesOption->count() > 0) {
+      commandLine.mostPointNodes = parseCount("--point-nodes", pointNodes);
     }
     if (contourOption->count() > 0) {
       commandLine.contourSpacing = parseSizeOf("--contours", contours);

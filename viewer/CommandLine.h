@@ -50,6 +50,7 @@ struct CommandLine {
   std::optional<double> thickness;  ///< of the section; 1e-9 to 1e9
   std::string profileFile;          ///< for the section's profile; empty for none
   std::string cloud;                ///< a PLY file; empty when none is named
+  int mostPointNodes = 50'000;      ///< more object points are shown as one cloud
   bool findCloud = true;            ///< whether a model's own dense cloud is looked for
   std::optional<Object> highlight;
   std::vector<Object> rays;  ///< whose rays are shown

@@ -1,5 +1,8 @@
 #include "viewer/ProjectScene.h"
 
+#include <Inventor/SoPath.h>
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/details/SoPointDetail.h>
 #include <Inventor/nodes/SoCamera.h>
 #include <Inventor/nodes/SoComplexity.h>
 #include <Inventor/nodes/SoDirectionalLight.h>
@@ -9,7 +12,9 @@
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
 #include "host/general/ThreeDViewOffset.h"
+#include "host/model/Photograph.h"
 #include "host/model/Project.h"
+#include "host/model/Ray3D.h"
 #include "nodes/cameras/TarnOICameraStationSeparator.h"
 #include "nodes/framework/TarnOISwitch.h"
 #include "viewer/LabelPlaces.h"
@@ -43,7 +48,7 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
       context(options.progress),
       viewFraming(framingWithOffset(project)),
       stations(project, {options.imagePlanes, options.frusta}, viewFraming, context),
-      points(project, options.ellipsoidScale, context),
+      points(project, {options.ellipsoidScale, options.mostPointNodes}, context),
       rays(context),
       sceneRoot(makeNode<SoSeparator>()),
       sceneBackground(*sceneRoot, options.background),
@@ -191,6 +196,33 @@ void ProjectScene::highlight(tarn::CameraStation& station) {
 void ProjectScene::clearHighlight() {
   stations.clearMark();
   points.clearMark();
+}
+
+void ProjectScene::setColor(std::optional<CommandLine::Color> color) {
+  meshes->setColor(color);
+  if (!heightLegend) return;
+  const int place = sceneRoot->findChild(heightLegend->root());
+  if (meshes->showsHeights() && place == -1) sceneRoot->addChild(heightLegend->root());
+  if (!meshes->showsHeights() && place != -1) sceneRoot->removeChild(place);
+}
+
+tarn::VObject* ProjectScene::objectAt(const SoPickedPoint& picked) const {
+  const SoPath* path = picked.getPath();
+  for (int i = path->getLength() - 1; i >= 0; --i) {
+    if (!path->getNode(i)->isOfType(TarnOISeparator::getClassTypeId())) continue;
+    tarn::VObject* object = static_cast<TarnOISeparator*>(path->getNode(i))->GetTarnObject();
+    if (!object) continue;
+    if (object->isA(tarn::CameraStationCls) || object->isA(tarn::ObjectPointCls)) return object;
+    if (object->isA(tarn::Ray3DCls)) return static_cast<tarn::Ray3D*>(object)->GetObjectPoint();
+    if (object->isA(tarn::PhotographCls)) {
+      return static_cast<tarn::Photograph*>(object)->GetCameraStation();
+    }
+    const SoDetail* detail = picked.getDetail();
+    if (!detail || !detail->isOfType(SoPointDetail::getClassTypeId())) return nullptr;
+    return points.pointOfCloud(*object,
+                               static_cast<const SoPointDetail*>(detail)->getCoordinateIndex());
+  }
+  return nullptr;
 }
 
 void ProjectScene::toggleRaysOfHighlighted() {

@@ -22,6 +22,7 @@
 #include <vector>
 
 class SoCamera;
+class SoPickedPoint;
 
 /// A project as a scene graph.
 ///
@@ -46,6 +47,7 @@ public:
     bool imagePlanes = false;
     bool frusta = false;
     std::optional<double> ellipsoidScale;
+    int mostPointNodes = PointLayer::Options().mostNodes;  ///< more object points are a cloud
     std::optional<CommandLine::Color> color;  ///< of clouds and meshes; see MeshLayer::setColor
     std::optional<double> contourSpacing;     ///< in units of the project
     bool axis = false;
@@ -97,7 +99,10 @@ public:
   void highlight(tarn::CameraStation& station);
   void clearHighlight();
 
-  void setColor(std::optional<CommandLine::Color> color) { meshes->setColor(color); }
+  /// The object point or the camera station that was picked; null for anything else. Picked
+  /// rays stand for what they are of.
+  tarn::VObject* objectAt(const SoPickedPoint& picked) const;
+
   /// Shows the rays between the point and the stations that saw it, or between the station
   /// and the points that it saw, besides those that are shown already.
   void showRays(tarn::ObjectPoint& point) { rays.add(point); }
@@ -105,6 +110,12 @@ public:
   /// Shows the rays of the marked object and no others; hides all when they are shown, or
   /// when nothing is marked.
   void toggleRaysOfHighlighted();
+
+  /// Colours clouds and meshes as MeshLayer::setColor does; a height scale is shown while it
+  /// tells something.
+  void setColor(std::optional<CommandLine::Color> color);
+  /// Shows the dense clouds and meshes, or hides them.
+  void setMeshesVisible(bool visible) { meshes->setVisible(visible); }
 
   void setAxis(bool show) { axis.show(show); }
   void setGroundPlane(bool show) { groundPlane.show(show); }
@@ -117,6 +128,8 @@ public:
   bool showsImagePlanes() const { return stations.showsImagePlanes(); }
   bool showsFrusta() const { return stations.showsFrusta(); }
   bool showsLabels() const { return labelsShown; }
+  bool areMeshesVisible() const { return meshes->isVisible(); }
+  std::optional<CommandLine::Color> color() const { return meshes->color(); }
   bool showsAxis() const { return axis.isShown(); }
   bool showsGroundPlane() const { return groundPlane.isShown(); }
   /// Its colour is for whoever clears the picture or the window.

@@ -98,6 +98,7 @@ public:
     options.ellipsoidScale = commandLine.ellipsoidScale;
     options.color = commandLine.color;
     options.contourSpacing = commandLine.contourSpacing;
+    options.mostPointNodes = commandLine.mostPointNodes;
     options.axis = commandLine.axis;
     options.groundPlane = commandLine.groundPlane;
     options.meshes = !commandLine.box;

@@ -195,6 +195,17 @@ TEST_F(CommandLineTest, CloudIsNamedOrLeftOutButNotBoth) {
               HasSubstr("--no-cloud: found together with --cloud, expected one of them"));
 }
 
+TEST_F(CommandLineTest, PointNodesAreAWholeNumber) {
+  EXPECT_EQ(accepted({"p"}).mostPointNodes, 50000);
+  EXPECT_EQ(accepted({"p", "--point-nodes", "0"}).mostPointNodes, 0);
+  EXPECT_EQ(accepted({"p", "--point-nodes", "1000000"}).mostPointNodes, 1000000);
+  for (const char* count : {"-1", "1e5", "10.5", "many", "99999999999"}) {
+    EXPECT_THAT(refused({"p", std::string("--point-nodes=") + count}),
+                HasSubstr("--point-nodes: found \"" + std::string(count) +
+                          "\", expected a whole number from 0 on"));
+  }
+}
+
 TEST_F(CommandLineTest, NodesNeedNoProject) {
   const CommandLine line = accepted({"--nodes"});
   EXPECT_TRUE(line.listNodes);
@@ -212,9 +223,10 @@ TEST_F(CommandLineTest, NodesAloneDoNotMakeAPictureOfNothing) {
 }
 
 TEST_F(CommandLineTest, EmptyValuesAreRefused) {
-  for (const char* option : {"--size", "--view", "--highlight", "--render", "--write",
-                             "--ellipsoids", "--rays", "--background", "--color", "--cloud",
-                             "--contours", "--section", "--box", "--thickness", "--profile"}) {
+  for (const char* option :
+       {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids", "--rays",
+        "--background", "--color", "--cloud", "--contours", "--section", "--box", "--thickness",
+        "--profile", "--point-nodes"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }

@@ -1,5 +1,7 @@
 #include "viewer/ProjectScene.h"
 
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/actions/SoRayPickAction.h>
 #include <Inventor/nodes/SoCamera.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoMarkerSet.h>
@@ -14,6 +16,7 @@
 #include "nodes/framework/TarnOISearchAction.h"
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOIText2.h"
+#include "nodes/framework/ViewerFrame.h"
 #include "nodes/hud/TarnOIColorizeScaleHUD.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "tests/support/SourceTree.h"
@@ -248,6 +251,37 @@ TEST_F(ProjectSceneTest, StationThatIsNotOrientedCannotBeLookedThrough) {
   EXPECT_EQ(scene.camera(), camera);
 }
 
+TEST_F(ProjectSceneTest, PickedObjectIsFoundBehindItsNodeItsCloudAndItsRays) {
+  const SbViewportRegion viewport(800, 600);
+  const auto pick = [&](ProjectScene& scene, const tarn::Point3DDouble& at) -> tarn::VObject* {
+    SbVec3f screen;
+    scene.camera()->getViewVolume(4.0F / 3.0F).projectToScreen(ViewerFrame::fromModel(at), screen);
+    SoRayPickAction action(viewport);
+    action.setNormalizedPoint(SbVec2f(screen[0], screen[1]));
+    action.setRadius(3.0F);
+    action.apply(scene.root());
+    const SoPickedPoint* picked = action.getPickedPoint();
+    return picked ? scene.objectAt(*picked) : nullptr;
+  };
+  tarn::ObjectPoint& corner = ProjectFile::findPoint(project, 1);
+  tarn::Point3DRandom position;
+  ASSERT_TRUE(corner.GetApproximation(position));
+  for (const int mostNodes : {50'000, 0}) {
+    ProjectScene::Options options;
+    options.mostPointNodes = mostNodes;
+    ProjectScene scene(project, options);
+    scene.setView(View::eTop, 4.0 / 3.0);
+    EXPECT_EQ(pick(scene, position.position()), &corner) << mostNodes;
+    EXPECT_EQ(pick(scene, station(3).GetPosition()), &station(3));
+    EXPECT_EQ(pick(scene, {-200.0, 600.0, 0.0}), nullptr);
+    const tarn::Point3DDouble onRay =
+        position.position() + 0.6 * (station(6).GetPosition() - position.position());
+    EXPECT_EQ(pick(scene, onRay), nullptr);
+    scene.showRays(corner);
+    EXPECT_EQ(pick(scene, onRay), &corner);
+  }
+}
+
 TEST_F(ProjectSceneTest, RaysOfTheMarkedObjectAreShownAndHidden) {
   ProjectScene scene(project);
   const auto lines = [&](SoType type) { return count(scene.root(), type); };
@@ -294,6 +328,15 @@ TEST_F(ProjectSceneTest, AxisAndGroundPlaneAreShownWhenTheyAreAskedFor) {
   scene.setGroundPlane(false);
   EXPECT_FALSE(scene.showsAxis());
   EXPECT_FALSE(scene.showsGroundPlane());
+}
+
+TEST_F(ProjectSceneTest, MeshesAreHiddenAndShownAgain) {
+  ProjectScene scene(project);
+  EXPECT_TRUE(scene.areMeshesVisible());
+  scene.setMeshesVisible(false);
+  EXPECT_FALSE(scene.areMeshesVisible());
+  scene.setMeshesVisible(true);
+  EXPECT_TRUE(scene.areMeshesVisible());
 }
 
 TEST_F(ProjectSceneTest, GradientIsDrawnBeforeAllElseUnlessAnotherBackgroundIsAskedFor) {
@@ -367,6 +410,21 @@ protected:
   tarn::PointMesh& cloud;
   ProjectScene::Options options;
 };
+
+TEST_F(ProjectSceneOfACloudTest, HeightScaleGoesWithTheHeightColoursAndComesAgain) {
+  using Color = CommandLine::Color;
+  options.color = Color::eHeight;
+  ProjectScene scene(project, options);
+  scene.setColor(Color::eNone);
+  EXPECT_FALSE(showsScale(scene));
+  scene.setColor(Color::eHeight);
+  ASSERT_EQ(scene.showHeightScale(), "");
+  for (const Color color : {Color::eNone, Color::eHeight, Color::eHeight, Color::eNone}) {
+    scene.setColor(color);
+    EXPECT_EQ(showsScale(scene), color == Color::eHeight);
+    EXPECT_EQ(scene.color(), color);
+  }
+}
 
 TEST_F(ProjectSceneOfACloudTest, HeightScaleIsShownForHeightColours) {
   options.color = CommandLine::Color::eHeight;

@@ -17,6 +17,8 @@
 #include "viewer/window/ViewerWindow.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <set>
 #include <sstream>
@@ -154,15 +156,33 @@ TEST(ViewerWindowTest, ShowsTheProjectAndTakesKeysUntilItIsClosed) {
                {Qt::Key_R, 2, &raysShown},
                {Qt::Key_A, 2, &ProjectScene::showsAxis},
                {Qt::Key_G, 2, &ProjectScene::showsGroundPlane},
+               {Qt::Key_D, 2, &ProjectScene::areMeshesVisible},
+               {Qt::Key_C, 3,
+                [](const ProjectScene& scene) {
+                  return scene.color() ? static_cast<int>(*scene.color()) : -1;
+                }},
                {Qt::Key_B, 3, [](const ProjectScene& scene) {
                   return static_cast<int>(scene.background().kind());
                 }}};
+  // A patch of coloured points over the object.
+  const std::string cloud = (std::filesystem::temp_directory_path() / "tarn_window.ply").string();
+  std::ofstream ply(cloud);
+  ply << "ply\nformat ascii 1.0\nelement vertex 900\nproperty float x\nproperty float y\n"
+         "property float z\nproperty uchar red\nproperty uchar green\nproperty uchar blue\n"
+         "end_header\n";
+  for (int i = 0; i < 900; ++i) {
+    ply << 119.9 + 0.01 * (i % 30) << ' ' << 249.9 + 0.01 * (i / 30) << ' '
+        << 32.4 + 0.01 * (i % 10) << " 200 " << i % 100 << " 50\n";
+  }
+  ply.close();
   std::ostringstream output;
   std::ostringstream errors;
   // On one colour it is the project that has the many.
-  const int status = Tarnview::run({TARN_SOURCE_DIR "/examples/demo", "--image-planes", "--labels",
-                                    "--background", "plain", "--highlight", "station:station08"},
-                                   output, errors, {&ViewerWindow::prepare, &openAndWatch});
+  const int status =
+      Tarnview::run({TARN_SOURCE_DIR "/examples/demo", "--image-planes", "--labels", "--background",
+                     "plain", "--highlight", "station:station08", "--cloud", cloud},
+                    output, errors, {&ViewerWindow::prepare, &openAndWatch});
+  std::filesystem::remove(cloud);
   EXPECT_EQ(status, 0);
   EXPECT_EQ(errors.str(), "");
   EXPECT_GE(user.colours, 50U) << "nothing but the background was drawn";

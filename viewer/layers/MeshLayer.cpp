@@ -53,7 +53,7 @@ MeshLayer::Shown MeshLayer::addCloud(tarn::PointMesh& mesh) {
   auto* node = new TarnOIPointMeshSeparator;
   separator->addChild(node);
   node->SetPointCloudPointMesh(&mesh, &context.objects);
-  return {&mesh, node, nullptr};
+  return {&mesh, node, nullptr, nullptr};
 }
 
 MeshLayer::Shown MeshLayer::addSurface(tarn::PointMesh& mesh) {
@@ -67,7 +67,6 @@ MeshLayer::Shown MeshLayer::addSurface(tarn::PointMesh& mesh) {
   auto* corners = new SoMaterial;
   surroundings->addChild(corners);
   auto* binding = new SoMaterialBinding;
-  binding->value = SoMaterialBinding::PER_VERTEX_INDEXED;
   surroundings->addChild(binding);
   auto* node = new TarnOIPointMeshSeparator;
   surroundings->addChild(node);
@@ -76,14 +75,15 @@ MeshLayer::Shown MeshLayer::addSurface(tarn::PointMesh& mesh) {
   tarn::VOrdCollect* groups = &group;
   node->SetTriangulatedPointMeshAndTextures(&mesh, &context.objects, nullptr, nullptr, nullptr,
                                             &groups, nullptr);
-  return {&mesh, node, corners};
+  return {&mesh, node, corners, binding};
 }
 
 void MeshLayer::setColor(std::optional<Color> color) {
+  asked = color;
   colorNotes.clear();
   heightsShown = false;
   for (const Shown& shown : meshes) {
-    const Color kind = colorOf(*shown.mesh, color);
+    const Color kind = colorOf(*shown.mesh);
     heightsShown = heightsShown || kind == Color::eHeight;
     if (shown.corners) {
       colorSurface(shown, kind);
@@ -95,7 +95,7 @@ void MeshLayer::setColor(std::optional<Color> color) {
   }
 }
 
-MeshLayer::Color MeshLayer::colorOf(const tarn::PointMesh& mesh, std::optional<Color> asked) {
+MeshLayer::Color MeshLayer::colorOf(const tarn::PointMesh& mesh) {
   const bool hasOwn = mesh.GetRGBsForPoints() != nullptr;
   if (!asked) {
     return hasOwn ? Color::eRgb : mesh.GetNumTriangles() > 0 ? Color::eNone : Color::eHeight;
@@ -113,20 +113,17 @@ MeshLayer::Color MeshLayer::colorOf(const tarn::PointMesh& mesh, std::optional<C
 void MeshLayer::colorSurface(const Shown& shown, Color color) {
   const tarn::PointMesh& mesh = *shown.mesh;
   SoMFColor& colors = shown.corners->diffuseColor;
-  const auto paintCorners = [&](const std::vector<SbColor>& ofPoints) {
-    colors.setNum(3 * mesh.GetNumTriangles());
-    SbColor* corner = colors.startEditing();
-    tarn::PointMesh::Corners points;
-    for (int i = 0; mesh.GetTriangleCorners(i, points); ++i) {
-      for (const int point : points) *corner++ = ofPoints[static_cast<std::size_t>(point)];
-    }
-    colors.finishEditing();
-  };
-  std::vector<SbColor> ofPoints(static_cast<std::size_t>(mesh.GetNumPoints()), uncoloured);
+  shown.binding->value =
+      color == Color::eNone ? SoMaterialBinding::OVERALL : SoMaterialBinding::PER_VERTEX_INDEXED;
+  if (color == Color::eNone) {
+    colors.setValue(uncoloured);
+    return;
+  }
+  std::vector<SbColor> ofPoints(static_cast<std::size_t>(mesh.GetNumPoints()));
   if (color == Color::eRgb) {
     unsigned char** own = mesh.GetRGBsForPoints();
     PointColours().copy([own](int i) { return own[i]; }, ofPoints.data(), mesh.GetNumPoints());
-  } else if (color == Color::eHeight) {
+  } else {
     tarn::Extents extents;
     project.GetPointMeshExtents(extents, nullptr);
     tarn::Point3DDouble low;
@@ -136,5 +133,11 @@ void MeshLayer::colorSurface(const Shown& shown, Color color) {
     HeightRamp(FalseColour::fromPreferences(), low.z, high.z)
         .paint(ofPoints.data(), mesh.GetNumPoints(), [points](int i) { return points[i][2]; });
   }
-  paintCorners(ofPoints);
+  colors.setNum(3 * mesh.GetNumTriangles());
+  SbColor* corner = colors.startEditing();
+  tarn::PointMesh::Corners points;
+  for (int i = 0; mesh.GetTriangleCorners(i, points); ++i) {
+    for (const int point : points) *corner++ = ofPoints[static_cast<std::size_t>(point)];
+  }
+  colors.finishEditing();
 }

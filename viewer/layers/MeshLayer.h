@@ -8,6 +8,7 @@
 #include <vector>
 
 class SoMaterial;
+class SoMaterialBinding;
 class TarnOIPointMeshSeparator;
 
 namespace tarn {
@@ -28,6 +29,7 @@ public:
   /// highest of all, or not at all. Without a kind each has its own colours; a cloud that has
   /// none is coloured by height.
   void setColor(std::optional<Color> color);
+  std::optional<Color> color() const { return asked; }
 
   /// Whether any mesh is coloured by height.
   bool showsHeights() const { return heightsShown; }
@@ -42,15 +44,17 @@ private:
   struct Shown {
     tarn::PointMesh* mesh;
     TarnOIPointMeshSeparator* node;
-    SoMaterial* corners;  ///< of a surface: its corners' colours; null for a cloud
+    SoMaterial* corners;         ///< of a surface: its corners' colours; null for a cloud
+    SoMaterialBinding* binding;  ///< of those; likewise
   };
   Shown addCloud(tarn::PointMesh& mesh);
   Shown addSurface(tarn::PointMesh& mesh);
-  Color colorOf(const tarn::PointMesh& mesh, std::optional<Color> asked);
+  Color colorOf(const tarn::PointMesh& mesh);
   void colorSurface(const Shown& shown, Color color);
 
   tarn::Project& project;
   std::vector<Shown> meshes;
+  std::optional<Color> asked;
   std::vector<std::string> colorNotes;
   bool heightsShown = false;
 };

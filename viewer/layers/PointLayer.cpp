@@ -8,9 +8,11 @@
 #include "io/ReadProgress.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/ViewerFrame.h"
+#include "nodes/meshes/TarnOIPointMeshSeparator.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "viewer/LabelPlaces.h"
 #include "viewer/layers/LabelColor.h"
+#include "viewer/layers/ObjectPointCloud.h"
 #include "viewer/layers/SceneContext.h"
 
 #include <algorithm>
@@ -28,8 +30,7 @@ tarn::ObjectPoint& pointOf(const TarnOIObjectPointSeparator& node) {
 
 }  // namespace
 
-PointLayer::PointLayer(const tarn::Project& project, std::optional<double> ellipsoidScale,
-                       SceneContext& context)
+PointLayer::PointLayer(const tarn::Project& project, const Options& options, SceneContext& context)
     : SceneLayer("Object points", context), topmost(makeNode<SoSeparator>()) {
   depth = new SoDepthBuffer;
   separator->addChild(depth);
@@ -40,43 +41,79 @@ PointLayer::PointLayer(const tarn::Project& project, std::optional<double> ellip
   noDepth->test = FALSE;
   topmost->addChild(noDepth);
 
-  const tarn::VOrdCollect& points = project.GetObjectPoints();
-  useMarkers = points.size() <= mostMarkers;
-  context.objects.reserve(points.size() + project.GetCameraStations().size());
+  const tarn::VOrdCollect& all = project.GetObjectPoints();
+  for (int i = 0; i < all.size(); ++i) {
+    auto* point = static_cast<tarn::ObjectPoint*>(all.at(i));
+    if (point->HasUsablePosition(0)) points.push_back(point);
+  }
+  if (static_cast<int>(points.size()) > options.mostNodes && !options.ellipsoidScale) {
+    addCloud();
+    return;
+  }
+  useMarkers = static_cast<int>(points.size()) <= mostMarkers;
+  context.objects.reserve(all.size() + project.GetCameraStations().size());
   tarn::ReadProgress progress(context.progress, "object points");
   separator->enableNotify(FALSE);
-  for (int i = 0; i < points.size(); ++i) {
-    auto* point = static_cast<tarn::ObjectPoint*>(points.at(i));
-    if (!point->HasUsablePosition(0)) continue;
-    auto* node = new TarnOIObjectPointSeparator;
-    separator->addChild(node);
-    node->SetObjectPoint(point, &context.objects, useMarkers, 1);
-    if (ellipsoidScale) {
+  for (tarn::ObjectPoint* point : points) {
+    TarnOIObjectPointSeparator* node = addNode(*point);
+    if (options.ellipsoidScale) {
       node->ShowErrorEllipsoid(1);
-      node->SetErrorEllipsoidScale(static_cast<float>(*ellipsoidScale));
+      node->SetErrorEllipsoidScale(static_cast<float>(*options.ellipsoidScale));
     }
-    nodes.push_back(node);
-    progress.at(static_cast<double>(i) / points.size());
+    progress.at(static_cast<double>(nodes.size()) / static_cast<double>(points.size()));
   }
   separator->enableNotify(TRUE);
 }
 
-PointLayer::~PointLayer() = default;
+// The cloud's node knows the mesh to its end, and the mesh goes with this class's members.
+PointLayer::~PointLayer() { separator->removeAllChildren(); }
+
+TarnOIObjectPointSeparator* PointLayer::addNode(tarn::ObjectPoint& point) {
+  auto* node = new TarnOIObjectPointSeparator;
+  separator->addChild(node);
+  node->SetObjectPoint(&point, &context.objects, useMarkers, 1);
+  nodes.push_back(node);
+  return node;
+}
+
+void PointLayer::addCloud() {
+  cloud = ObjectPointCloud::of(points);
+  auto* node = new TarnOIPointMeshSeparator;
+  separator->addChild(node);
+  node->SetPointCloudPointMesh(cloud.get(), &context.objects);
+  const int ownColours = 1;
+  node->ColorPointsWithTexture(1, ownColours, nullptr);
+}
+
+// Of a point in the cloud the node is made when it is asked for; null for a point that is not
+// shown.
+TarnOIObjectPointSeparator* PointLayer::nodeOf(const tarn::ObjectPoint& point) {
+  auto* key = const_cast<tarn::ObjectPoint*>(&point);
+  if (void* node = context.objects.atKey(key)) {
+    return static_cast<TarnOIObjectPointSeparator*>(node);
+  }
+  return cloud && point.HasUsablePosition(0) ? addNode(*key) : nullptr;
+}
+
+tarn::ObjectPoint* PointLayer::pointOfCloud(const tarn::VObject& mesh, int index) const {
+  const bool isThere = index >= 0 && index < static_cast<int>(points.size());
+  return &mesh == cloud.get() && isThere ? points[static_cast<std::size_t>(index)] : nullptr;
+}
 
 void PointLayer::setDrawnOver(bool over) { depth->test = !over; }
 
 void PointLayer::showLabels(LabelPlaces& places) {
   labelsShown = true;
-  std::vector<TarnOIObjectPointSeparator*> byRays = nodes;
-  std::ranges::stable_sort(byRays, std::greater<>(), [](const auto* node) {
-    return pointOf(*node).GetMarkedPoints().size();
+  std::vector<tarn::ObjectPoint*> byRays = points;
+  std::ranges::stable_sort(byRays, std::greater<>(), [](const tarn::ObjectPoint* point) {
+    return point->GetMarkedPoints().size();
   });
-  for (TarnOIObjectPointSeparator* node : byRays) {
+  for (tarn::ObjectPoint* point : byRays) {
     tarn::Point3DRandom position;
-    if (!pointOf(*node).GetApproximation(position)) continue;
-    const tarn::VString text = TarnOIObjectPointSeparator::GetTextLable(1, 0, &pointOf(*node));
+    if (!point->GetApproximation(position)) continue;
+    const tarn::VString text = TarnOIObjectPointSeparator::GetTextLable(1, 0, point);
     if (places.take(ViewerFrame::fromModel(position.position()), text.str())) {
-      showLabel(*node, true);
+      showLabel(*nodeOf(*point), true);
     }
   }
 }
@@ -96,8 +133,7 @@ void PointLayer::showLabel(TarnOIObjectPointSeparator& node, bool show) {
 
 void PointLayer::mark(const tarn::ObjectPoint& point) {
   clearMark();
-  marked = static_cast<TarnOIObjectPointSeparator*>(
-      context.objects.atKey(const_cast<tarn::ObjectPoint*>(&point)));
+  marked = nodeOf(point);
   if (!marked) return;
   marked->Highlight(context.highlightMaterial.get(), 1);
   marked->UpdateMarkerSet(1);

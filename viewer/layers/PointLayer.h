@@ -2,6 +2,7 @@
 
 #include "viewer/layers/SceneLayer.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -12,15 +13,23 @@ class TarnOIObjectPointSeparator;
 
 namespace tarn {
 class ObjectPoint;
+class PointMesh;
 class Project;
+class VObject;
 }  // namespace tarn
 
-/// The object points: a node for each that has a position.
+/// The object points: a node for each that has a position, or, where they are very many, all as
+/// one cloud, out of which single points still can be marked and named.
 class PointLayer : public SceneLayer {
 public:
-  /// Shows error ellipsoids where they are given a scale.
-  PointLayer(const tarn::Project& project, std::optional<double> ellipsoidScale,
-             SceneContext& context);
+  struct Options {
+    /// Shows error ellipsoids, so many times their size; each point has a node then.
+    std::optional<double> ellipsoidScale;
+    int mostNodes = 50'000;  ///< more points than this are a cloud
+  };
+
+  /// The project must outlive the layer.
+  PointLayer(const tarn::Project& project, const Options& options, SceneContext& context);
   ~PointLayer();
 
   /// Draws the points over what was drawn before, whatever is nearer.
@@ -36,10 +45,16 @@ public:
   void clearMark();
   tarn::ObjectPoint* markedPoint() const;
 
+  /// The point of that index in the cloud, where `mesh` is the layer's cloud; else null.
+  tarn::ObjectPoint* pointOfCloud(const tarn::VObject& mesh, int index) const;
+
   /// Where the marked point stands a second time; to be drawn after all else.
   SoSeparator* onTop() const { return topmost.get(); }
 
 private:
+  TarnOIObjectPointSeparator* addNode(tarn::ObjectPoint& point);
+  TarnOIObjectPointSeparator* nodeOf(const tarn::ObjectPoint& point);
+  void addCloud();
   void showLabel(TarnOIObjectPointSeparator& node, bool show);
 
   bool useMarkers = false;
@@ -47,5 +62,7 @@ private:
   SoDepthBuffer* depth = nullptr;
   NodeRef<SoSeparator> topmost;
   TarnOIObjectPointSeparator* marked = nullptr;
+  std::vector<tarn::ObjectPoint*> points;  // those that have a position
   std::vector<TarnOIObjectPointSeparator*> nodes;
+  std::unique_ptr<tarn::PointMesh> cloud;
 };

@@ -11,5 +11,9 @@ SceneLayer::SceneLayer(std::string_view name, SceneContext& context)
   layerSwitch->addChild(separator);
   separator->SetLayer(&this->name, &context.layers);
   separator->SetLayerSwitch(layerSwitch.get());
-  separator->SetVisibility(1);
+  setVisible(true);
 }
+
+void SceneLayer::setVisible(bool visible) { separator->SetVisibility(visible); }
+
+bool SceneLayer::isVisible() const { return layerSwitch->whichChild.getValue() != SO_SWITCH_NONE; }

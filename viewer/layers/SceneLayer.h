@@ -20,6 +20,9 @@ public:
   /// What is put into the scene. It must be taken out again before the layer goes.
   TarnOISwitch* root() const { return layerSwitch.get(); }
 
+  void setVisible(bool visible);
+  bool isVisible() const;
+
 protected:
   ~SceneLayer() = default;
 

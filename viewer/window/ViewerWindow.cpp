@@ -2,7 +2,6 @@
 
 #include <Inventor/Qt/SoQt.h>
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
-#include <Inventor/SoPath.h>
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoRayPickAction.h>
 #include <Inventor/nodes/SoCamera.h>
@@ -13,12 +12,12 @@
 
 #include "host/model/CameraStation.h"
 #include "host/model/ObjectPoint.h"
-#include "nodes/framework/TarnOISeparator.h"
 #include "viewer/ProjectScene.h"
 #include "viewer/Tarnview.h"
 
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 #include <ostream>
 #include <xcb/xcb.h>
 
@@ -84,6 +83,17 @@ private:
       case Qt::Key_G:
         scene.setGroundPlane(!scene.showsGroundPlane());
         return true;
+      case Qt::Key_D:
+        scene.setMeshesVisible(!scene.areMeshesVisible());
+        return true;
+      case Qt::Key_C: {
+        using Color = CommandLine::Color;
+        const std::optional<Color> color = scene.color();
+        scene.setColor(!color                    ? Color::eHeight
+                       : color == Color::eHeight ? Color::eNone
+                                                 : std::optional<Color>());
+        return true;
+      }
       case Qt::Key_B: {
         using Kind = SceneBackground::Kind;
         const Kind kind = scene.background().kind();
@@ -110,18 +120,12 @@ private:
     const SoPickedPoint* picked = pick.getPickedPoint();
     scene.clearHighlight();
     if (!picked) return;
-    const SoPath* path = picked->getPath();
-    for (int i = path->getLength() - 1; i >= 0; --i) {
-      SoNode* node = path->getNode(i);
-      if (!node->isOfType(TarnOISeparator::getClassTypeId())) continue;
-      tarn::VObject* object = static_cast<TarnOISeparator*>(node)->GetTarnObject();
-      if (!object) continue;
-      if (object->isA(tarn::CameraStationCls)) {
-        scene.highlight(*static_cast<tarn::CameraStation*>(object));
-      } else if (object->isA(tarn::ObjectPointCls)) {
-        scene.highlight(*static_cast<tarn::ObjectPoint*>(object));
-      }
-      return;
+    tarn::VObject* object = scene.objectAt(*picked);
+    if (!object) return;
+    if (object->isA(tarn::CameraStationCls)) {
+      scene.highlight(*static_cast<tarn::CameraStation*>(object));
+    } else {
+      scene.highlight(*static_cast<tarn::ObjectPoint*>(object));
     }
   }
 

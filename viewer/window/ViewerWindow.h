@@ -7,7 +7,8 @@ class ProjectScene;
 
 /// The window of tarnview: an examiner viewer in which a click marks an object point or a
 /// camera station, and keys show and hide things: I image planes, F frusta, L labels, R the
-/// rays of what is marked, A axes, G the ground plane; B changes the background.
+/// rays of what is marked, A axes, G the ground plane, D dense clouds and meshes; C changes their
+/// colours, B the background.
 /// Nothing else of the program touches the window toolkit.
 class ViewerWindow {
 public:

@@ -147,8 +147,11 @@ TEST_F(MeshLayerTest, SurfaceByHeightHasTheColoursOfACloudByHeight) {
 TEST_F(MeshLayerTest, SurfaceWithoutColoursIsOfOneColour) {
   tarn::PointMesh& surface = addSurface("surface", false);
   show({});
-  const SoMFColor& colors = colorsOf(surface)->diffuseColor;
-  for (int i = 1; i < 6; ++i) EXPECT_EQ(colors[i], colors[0]);
+  EXPECT_EQ(colorsOf(surface), nullptr);
+  layer->setColor(Color::eHeight);
+  EXPECT_NE(colorsOf(surface), nullptr);
+  layer->setColor(Color::eNone);
+  EXPECT_EQ(colorsOf(surface), nullptr);
 }
 
 TEST_F(MeshLayerTest, MeshThatHasNoColoursToShowIsNamedUntilAnotherKindIsAsked) {
