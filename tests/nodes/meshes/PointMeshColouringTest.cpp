@@ -253,6 +253,18 @@ TEST_F(PointMeshColouringTest, AMeshThatGotTrianglesKeepsTheColoursItHas) {
   EXPECT_EQ(colours(), givenColours());
 }
 
+TEST_F(PointMeshColouringTest, AMeshThatGotTrianglesAndLostItsColoursKeepsWhatIsShown) {
+  giveColours();
+  node->ColorPointsWithTexture(1, trueColours, nullptr);
+  const auto before = children(*node);
+  setPoints(mesh, points);
+  setTriangles();
+  node->ColorPointsWithTexture(1, trueColours, nullptr);
+  EXPECT_EQ(children(*node), before);
+  node->ColorPointsWithTexture(0, trueColours, nullptr);
+  EXPECT_THAT(childTypes(*node), ElementsAre("Coordinate3", "PointSet"));
+}
+
 TEST_F(PointMeshColouringTest, AnUnboundNodeIsLeftAsItIs) {
   const auto unbound = makeNode<OpenMeshNode>();
   unbound->ColorPointsWithTexture(1, trueColours, &project);
