@@ -90,7 +90,6 @@ bench::Row against(const std::string& name, const bench::Companion& peer, const 
           .against = bench::figureOf(name, figure),
           .target = 1.0 / 3,
           .unit = "s",
-          .repetitions = 3,
           .skipped = peer.missing()};
 }
 
