@@ -206,6 +206,16 @@ void ProjectScene::setColor(std::optional<CommandLine::Color> color) {
   if (!meshes->showsHeights() && place != -1) sceneRoot->removeChild(place);
 }
 
+std::vector<std::string> ProjectScene::notes() const {
+  std::vector<std::string> all = meshes->notes();
+  if (showsGroundPlane() && !viewFraming.isZUp()) {
+    all.push_back(
+        "the ground plane lies along X and Y, and by its cameras the project stands upright about "
+        "another direction than Z");
+  }
+  return all;
+}
+
 tarn::VObject* ProjectScene::objectAt(const SoPickedPoint& picked) const {
   const SoPath* path = picked.getPath();
   for (int i = path->getLength() - 1; i >= 0; --i) {

@@ -136,7 +136,7 @@ public:
   const SceneBackground& background() const { return sceneBackground; }
 
   /// What is not shown as it was asked for; empty when all is.
-  const std::vector<std::string>& notes() const { return meshes->notes(); }
+  std::vector<std::string> notes() const;
   /// Why photographs could not be shown; empty when all could.
   const std::vector<std::string>& problems() const { return stations.problems(); }
 

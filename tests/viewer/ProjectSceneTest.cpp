@@ -364,21 +364,39 @@ TEST_F(ProjectSceneTest, PictureWithoutBackgroundIsClearedInBlack) {
   EXPECT_NE(scene.background().color(), SbColor(0.0F, 0.0F, 0.0F));
 }
 
-TEST_F(ProjectSceneTest, ContoursOfAProjectThatIsNotLevelledAreRefused) {
-  tarn::Project unlevelled;
-  unlevelled.AddPointMesh().Allocate(0, 0);
-  tarn::MatrixDouble rotation = tarn::MatrixDouble::Identity(3);
-  rotation(2, 2) = -1.0;
-  rotation(3, 3) = -1.0;
-  unlevelled.AddCameraStation().SetOrientation({1.0, 2.0, 3.0}, rotation);
+/// A project whose cameras stand upright about another direction than Z.
+class ProjectSceneNotLevelledTest : public TarnTest {
+protected:
+  ProjectSceneNotLevelledTest() {
+    tarn::MatrixDouble rotation = tarn::MatrixDouble::Identity(3);
+    rotation(2, 2) = -1.0;
+    rotation(3, 3) = -1.0;
+    project.AddCameraStation().SetOrientation({1.0, 2.0, 3.0}, rotation);
+  }
+
+  tarn::Project project;
   ProjectScene::Options options;
+};
+
+TEST_F(ProjectSceneNotLevelledTest, ContoursAreRefused) {
+  project.AddPointMesh().Allocate(0, 0);
   options.contourSpacing = 1.0;
   try {
-    ProjectScene scene(unlevelled, options);
+    ProjectScene scene(project, options);
     FAIL() << "nothing was thrown";
   } catch (const std::runtime_error& error) {
     EXPECT_THAT(error.what(), ::testing::StartsWith("contours need heights along Z, "));
   }
+}
+
+TEST_F(ProjectSceneNotLevelledTest, GroundPlaneIsShownWithANote) {
+  EXPECT_TRUE(ProjectScene(project, options).notes().empty());
+  options.groundPlane = true;
+  const ProjectScene scene(project, options);
+  EXPECT_TRUE(scene.showsGroundPlane());
+  EXPECT_THAT(
+      scene.notes(),
+      ::testing::ElementsAre(::testing::StartsWith("the ground plane lies along X and Y, and ")));
 }
 
 TEST_F(ProjectSceneTest, EmptyProjectMakesAScene) {

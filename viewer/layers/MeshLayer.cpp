@@ -81,6 +81,9 @@ MeshLayer::Shown MeshLayer::addSurface(tarn::PointMesh& mesh) {
 void MeshLayer::setColor(std::optional<Color> color) {
   asked = color;
   colorNotes.clear();
+  if (color && project.GetPointMeshes().size() == 0) {
+    colorNotes.push_back("there is no dense cloud or mesh to colour; --cloud FILE names one");
+  }
   heightsShown = false;
   for (const Shown& shown : meshes) {
     const Color kind = colorOf(*shown.mesh);

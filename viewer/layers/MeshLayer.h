@@ -34,7 +34,8 @@ public:
   /// Whether any mesh is coloured by height.
   bool showsHeights() const { return heightsShown; }
 
-  /// What cannot be coloured as it was asked for last, a line for each mesh.
+  /// What cannot be coloured as it was asked for last, a line for each mesh or one where there
+  /// is none.
   const std::vector<std::string>& notes() const { return colorNotes; }
 
   /// The size of the points of a cloud, in pixels: the more there are, the smaller.

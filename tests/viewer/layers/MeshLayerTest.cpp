@@ -167,6 +167,13 @@ TEST_F(MeshLayerTest, MeshThatHasNoColoursToShowIsNamedUntilAnotherKindIsAsked) 
   EXPECT_TRUE(layer->notes().empty());
 }
 
+TEST_F(MeshLayerTest, ColourOfNothingIsSaidToBeMissing) {
+  EXPECT_TRUE(show({}).notes().empty());
+  EXPECT_THAT(
+      show(Color::eHeight).notes(),
+      ::testing::ElementsAre("there is no dense cloud or mesh to colour; --cloud FILE names one"));
+}
+
 TEST_F(MeshLayerTest, MeshWithoutPointsIsNotShown) {
   project.AddPointMesh();
   project.AddPointMesh().Allocate(0, 1);
