@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <sstream>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 namespace fs = std::filesystem;
@@ -30,42 +31,37 @@ std::optional<std::string> after(const std::string& text, std::string_view prefi
   return text.substr(prefix.size());
 }
 
-CommandLine::Size parseSize(const std::string& text) {
+CommandLine::Size parseSize(const std::string& option, const std::string& text) {
   CommandLine::Size size;
   const std::size_t cross = text.find('x');
   const std::string_view view = text;
   if (cross == std::string::npos || !parseNumber(view.substr(0, cross), size.width) ||
       !parseNumber(view.substr(cross + 1), size.height)) {
-    throw CLI::ValidationError("--size", "found \"" + text +
-                                             "\", expected WIDTHxHEIGHT in pixels, for example "
-                                             "1600x1200");
+    throw CLI::ValidationError(option, "found \"" + text +
+                                           "\", expected WIDTHxHEIGHT in pixels, for example "
+                                           "1600x1200");
   }
   constexpr int most = CommandLine::Size::mostPixels;
   if (size.width < 1 || size.height < 1 || size.width > most || size.height > most) {
-    throw CLI::ValidationError("--size", "found \"" + text + "\", expected sides from 1 to " +
-                                             std::to_string(most) + " pixels");
+    throw CLI::ValidationError(option, "found \"" + text + "\", expected sides from 1 to " +
+                                           std::to_string(most) + " pixels");
   }
   return size;
 }
 
-void parseView(const std::string& text, CommandLine& commandLine) {
+/// The view, and for View::eStation the station's name.
+std::pair<CommandLine::View, std::string> parseView(const std::string& option,
+                                                    const std::string& text) {
   using View = CommandLine::View;
-  if (text == "iso") {
-    commandLine.view = View::eIso;
-  } else if (text == "top") {
-    commandLine.view = View::eTop;
-  } else if (text == "front") {
-    commandLine.view = View::eFront;
-  } else if (text == "right") {
-    commandLine.view = View::eRight;
-  } else if (const auto name = after(text, "station:"); name && !name->empty()) {
-    commandLine.view = View::eStation;
-    commandLine.viewStation = *name;
-  } else {
-    throw CLI::ValidationError("--view", "found \"" + text +
-                                             "\", expected iso, top, front, right or "
-                                             "station:NAME");
+  if (text == "iso") return {View::eIso, {}};
+  if (text == "top") return {View::eTop, {}};
+  if (text == "front") return {View::eFront, {}};
+  if (text == "right") return {View::eRight, {}};
+  if (const auto name = after(text, "station:"); name && !name->empty()) {
+    return {View::eStation, *name};
   }
+  throw CLI::ValidationError(
+      option, "found \"" + text + "\", expected iso, top, front, right or station:NAME");
 }
 
 CommandLine::Object parseObject(const std::string& option, const std::string& text) {
@@ -83,21 +79,20 @@ CommandLine::Object parseObject(const std::string& option, const std::string& te
                              "found \"" + text + "\", expected point:NUMBER or station:NAME");
 }
 
-CommandLine::Background parseBackground(const std::string& text) {
+CommandLine::Background parseBackground(const std::string& option, const std::string& text) {
   using Background = CommandLine::Background;
   if (text == "none") return Background::eNone;
   if (text == "plain") return Background::ePlain;
   if (text == "gradient") return Background::eGradient;
-  throw CLI::ValidationError("--background",
-                             "found \"" + text + "\", expected none, plain or gradient");
+  throw CLI::ValidationError(option, "found \"" + text + "\", expected none, plain or gradient");
 }
 
-CommandLine::Color parseColor(const std::string& text) {
+CommandLine::Color parseColor(const std::string& option, const std::string& text) {
   using Color = CommandLine::Color;
   if (text == "height") return Color::eHeight;
   if (text == "rgb") return Color::eRgb;
   if (text == "none") return Color::eNone;
-  throw CLI::ValidationError("--color", "found \"" + text + "\", expected height, rgb or none");
+  throw CLI::ValidationError(option, "found \"" + text + "\", expected height, rgb or none");
 }
 
 /// A size, within the bounds of what can be drawn.
@@ -129,18 +124,18 @@ CommandLine::Corners parseCorners(const std::string& option, const std::string& 
   return corners;
 }
 
-CommandLine::Corners parseSection(const std::string& text) {
-  const CommandLine::Corners line = parseCorners("--section", text);
+CommandLine::Corners parseSection(const std::string& option, const std::string& text) {
+  const CommandLine::Corners line = parseCorners(option, text);
   if (line.x0 == line.x1 && line.y0 == line.y1) {
-    throw CLI::ValidationError("--section", "found \"" + text + "\", expected two places");
+    throw CLI::ValidationError(option, "found \"" + text + "\", expected two places");
   }
   return line;
 }
 
-CommandLine::Corners parseBox(const std::string& text) {
-  const CommandLine::Corners box = parseCorners("--box", text);
+CommandLine::Corners parseBox(const std::string& option, const std::string& text) {
+  const CommandLine::Corners box = parseCorners(option, text);
   if (box.x0 == box.x1 || box.y0 == box.y1) {
-    throw CLI::ValidationError("--box",
+    throw CLI::ValidationError(option,
                                "found \"" + text + "\", expected a box of some width and height");
   }
   return box;
@@ -179,141 +174,109 @@ void checkFiles(const std::string& picture, const std::string& scene, const std:
   }
 }
 
+std::string parseFileName(const std::string& option, const std::string& text) {
+  if (text.empty()) throw CLI::ValidationError(option, "found \"\", expected a file name");
+  return text;
+}
+
+/// Adds an option whose value is what `parse` makes of its name and its text.
+template <typename Value, typename Parse>
+CLI::Option* addOption(CLI::App& app, const std::string& name, const char* type,
+                       const char* description, Value& value, Parse parse) {
+  const auto take = [&value, name, parse](const std::string& text) { value = parse(name, text); };
+  return app.add_option_function<std::string>(name, take, description)->type_name(type);
+}
+
 }  // namespace
 
 CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments) {
-  CommandLine commandLine;
-  std::string size;
-  std::string view;
-  std::string highlight;
-  std::vector<std::string> rays;
-  std::string background;
-  std::string color;
-  bool noCloud = false;
-  std::string contours;
-  std::string pointNodes;
-  std::string ellipsoids;
-  std::string box;
-  std::string section;
-  std::string thickness;
+  CommandLine line;
+  std::pair<View, std::string> view;
 
   CLI::App app(CommandLineHelp::description, "tarnview");
   app.footer(CommandLineHelp::examples);
   app.set_version_flag("--version", "tarnview " TARN_VERSION, "Print the version");
-  app.add_option("PROJECT", commandLine.project,
+  app.add_option("PROJECT", line.project,
                  "Folder of a COLMAP model, the one above it, or a PLY file");
-  const CLI::Option* renderOption = app.add_option("--render", commandLine.renderFile,
-                                                   "Draw into this PNG file, without a window")
-                                        ->type_name("FILE");
-  const CLI::Option* sizeOption =
-      app.add_option("--size", size, "Size of the picture in pixels [1600x1200]")->type_name("WxH");
-  const CLI::Option* viewOption =
-      app.add_option("--view", view, "iso, top, front, right or station:NAME [iso]")
-          ->type_name("VIEW");
-  app.add_flag("--image-planes", commandLine.imagePlanes, "Show the photographs in the cameras");
-  app.add_flag("--frusta", commandLine.frusta, "Show what each camera saw");
-  app.add_flag("--labels", commandLine.labels,
+  addOption(app, "--render", "FILE", "Draw into this PNG file, without a window", line.renderFile,
+            parseFileName);
+  addOption(app, "--size", "WxH", "Size of the picture in pixels [1600x1200]", line.size,
+            parseSize);
+  addOption(app, "--view", "VIEW", "iso, top, front, right or station:NAME [iso]", view, parseView);
+  app.add_flag("--image-planes", line.imagePlanes, "Show the photographs in the cameras");
+  app.add_flag("--frusta", line.frusta, "Show what each camera saw");
+  app.add_flag("--labels", line.labels,
                "Name as many cameras and object points as there is room for");
-  const CLI::Option* ellipsoidOption =
-      app.add_option("--ellipsoids", ellipsoids, "Show error ellipsoids, SCALE times their size")
-          ->type_name("SCALE");
-  const CLI::Option* highlightOption =
-      app.add_option("--highlight", highlight, "Mark point:NUMBER or station:NAME")
-          ->type_name("WHAT");
+  addOption(app, "--ellipsoids", "SCALE", "Show error ellipsoids, SCALE times their size",
+            line.ellipsoidScale, parseSizeOf);
+  addOption(app, "--highlight", "WHAT", "Mark point:NUMBER or station:NAME", line.highlight,
+            parseObject);
   const CLI::Option* cloudOption =
-      app.add_option("--cloud", commandLine.cloud, "Show this dense cloud or mesh, a PLY file")
-          ->type_name("FILE");
+      addOption(app, "--cloud", "FILE", "Show this dense cloud or mesh, a PLY file", line.cloud,
+                parseFileName);
+  bool noCloud = false;
   app.add_flag("--no-cloud", noCloud, "Leave the model's own dense cloud out");
-  const CLI::Option* colorOption =
-      app.add_option("--color", color,
-                     "Colour clouds and meshes by height, in their own colours (rgb) or not at "
-                     "all (none) [rgb where there are colours]")
-          ->type_name("KIND");
-  app.add_flag("--scale", commandLine.heightScale, "Show which colour stands for which height");
-  const CLI::Option* contourOption =
-      app.add_option("--contours", contours,
-                     "Draw lines of equal height over clouds and meshes, SPACING units apart")
-          ->type_name("SPACING");
-  const CLI::Option* boxOption =
-      app.add_option("--box", box,
-                     "Keep what is seen of clouds and meshes inside this box of the picture")
-          ->type_name("x0,y0,x1,y1");
-  const CLI::Option* sectionOption =
-      app.add_option("--section", section,
-                     "Cut clouds and meshes along this line of the picture, and mark the cut")
-          ->type_name("x0,y0,x1,y1");
+  addOption(app, "--color", "KIND",
+            "Colour clouds and meshes by height, in their own colours (rgb) or not at all (none) "
+            "[rgb where there are colours]",
+            line.color, parseColor);
+  app.add_flag("--scale", line.heightScale, "Show which colour stands for which height");
+  addOption(app, "--contours", "SPACING",
+            "Draw lines of equal height over clouds and meshes, SPACING units apart",
+            line.contourSpacing, parseSizeOf);
+  addOption(app, "--box", "x0,y0,x1,y1",
+            "Keep what is seen of clouds and meshes inside this box of the picture", line.box,
+            parseBox);
+  addOption(app, "--section", "x0,y0,x1,y1",
+            "Cut clouds and meshes along this line of the picture, and mark the cut", line.section,
+            parseSection);
   const CLI::Option* thicknessOption =
-      app.add_option("--thickness", thickness,
-                     "Take points up to so many units on either side of the section [twice the "
-                     "distance of neighbouring points]")
-          ->type_name("UNITS");
-  const CLI::Option* profileOption =
-      app.add_option("--profile", commandLine.profileFile,
-                     "Write the section's points into this CSV file: distance, height")
-          ->type_name("FILE");
-  app.add_option("--rays", rays,
-                 "Show the rays of point:NUMBER or station:NAME; may be given several times")
+      addOption(app, "--thickness", "UNITS",
+                "Take points up to so many units on either side of the section [twice the distance "
+                "of neighbouring points]",
+                line.thickness, parseSizeOf);
+  const CLI::Option* profileOption = addOption(
+      app, "--profile", "FILE", "Write the section's points into this CSV file: distance, height",
+      line.profileFile, parseFileName);
+  const auto takeRays = [&line](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) line.rays.push_back(parseObject("--rays", text));
+  };
+  app.add_option_function<std::vector<std::string>>(
+         "--rays", takeRays,
+         "Show the rays of point:NUMBER or station:NAME; may be given several times")
       ->type_name("WHAT")
       ->allow_extra_args(false);  // what follows is PROJECT
-  app.add_flag("--axis", commandLine.axis, "Show the axes X, Y and Z");
-  app.add_flag("--ground-plane", commandLine.groundPlane, "Show a plane under the object");
-  const CLI::Option* backgroundOption =
-      app.add_option("--background", background,
-                     "none (transparent in a picture), plain or gradient [gradient]")
-          ->type_name("KIND");
-  const CLI::Option* pointNodesOption =
-      app.add_option("--point-nodes", pointNodes,
-                     "Show more than COUNT object points as one cloud [50000]")
-          ->type_name("COUNT");
-  const CLI::Option* writeOption =
-      app.add_option("--write", commandLine.writeFile, "Write the scene into this Inventor file")
-          ->type_name("FILE");
-  app.add_flag("--nodes", commandLine.listNodes,
-               "List the registered node classes, each with its parent");
+  app.add_flag("--axis", line.axis, "Show the axes X, Y and Z");
+  app.add_flag("--ground-plane", line.groundPlane, "Show a plane under the object");
+  addOption(app, "--background", "KIND",
+            "none (transparent in a picture), plain or gradient [gradient]", line.background,
+            parseBackground);
+  addOption(app, "--point-nodes", "COUNT",
+            "Show more than COUNT object points as one cloud [50000]", line.mostPointNodes,
+            parseCount);
+  addOption(app, "--write", "FILE", "Write the scene into this Inventor file", line.writeFile,
+            parseFileName);
+  app.add_flag("--nodes", line.listNodes, "List the registered node classes, each with its parent");
 
   Parsed parsed;
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
-    for (const CLI::Option* option : {renderOption, writeOption, cloudOption, profileOption}) {
-      if (option->count() > 0 && option->as<std::string>().empty()) {
-        throw CLI::ValidationError(option->get_name(), "found \"\", expected a file name");
-      }
-    }
-    if (sizeOption->count() > 0) commandLine.size = parseSize(size);
-    if (viewOption->count() > 0) parseView(view, commandLine);
+    std::tie(line.view, line.viewStation) = view;
     if (noCloud && cloudOption->count() > 0) {
       throw CLI::ValidationError("--no-cloud", "found together with --cloud, expected one of them");
     }
-    commandLine.findCloud = !noCloud;
-    if (colorOption->count() > 0) commandLine.color = parseColor(color);
-    if (highlightOption->count() > 0) commandLine.highlight = parseObject("--highlight", highlight);
-    for (const std::string& what : rays) {
-      commandLine.rays.push_back(parseObject("--rays", what));
-    }
-    if (backgroundOption->count() > 0) commandLine.background = parseBackground(background);
-    if (ellipsoidOption->count() > 0) {
-      commandLine.ellipsoidScale = parseSizeOf("--ellipsoids", ellipsoids);
-    }
-    if (pointNodesOption->count() > 0) {
-      commandLine.mostPointNodes = parseCount("--point-nodes", pointNodes);
-    }
-    if (contourOption->count() > 0) {
-      commandLine.contourSpacing = parseSizeOf("--contours", contours);
-    }
-    if (boxOption->count() > 0) commandLine.box = parseBox(box);
-    if (sectionOption->count() > 0) commandLine.section = parseSection(section);
-    if (thicknessOption->count() > 0) commandLine.thickness = parseSizeOf("--thickness", thickness);
+    line.findCloud = !noCloud;
     for (const CLI::Option* option : {thicknessOption, profileOption}) {
-      if (option->count() > 0 && !commandLine.section) {
+      if (option->count() > 0 && !line.section) {
         throw CLI::ValidationError(option->get_name(), "found without --section, expected both");
       }
     }
-    checkFiles(commandLine.renderFile, commandLine.writeFile, commandLine.profileFile);
-    if (commandLine.project.empty() && (commandLine.makesFiles() || !commandLine.listNodes)) {
+    checkFiles(line.renderFile, line.writeFile, line.profileFile);
+    if (line.project.empty() && (line.makesFiles() || !line.listNodes)) {
       throw CLI::RequiredError("PROJECT");
     }
-    parsed.commandLine = commandLine;
+    parsed.commandLine = line;
   } catch (const CLI::ParseError& error) {
     std::ostringstream output;
     std::ostringstream errors;

@@ -19,6 +19,7 @@
 #include "nodes/framework/ViewerFrame.h"
 #include "nodes/hud/TarnOIColorizeScaleHUD.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
+#include "tests/support/NodesBelow.h"
 #include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/ProjectFile.h"
@@ -38,13 +39,9 @@ protected:
   }
   ~ProjectSceneTest() override { unsetenv("XDG_CACHE_HOME"); }
 
-  static int count(SoNode* root, SoType type) {
-    SoSearchAction search;
-    search.setType(type);
-    search.setInterest(SoSearchAction::ALL);
-    search.setSearchingAll(TRUE);
-    search.apply(root);
-    return search.getPaths().getLength();
+  template <typename Node>
+  static int count(SoNode* root) {
+    return static_cast<int>(nodesBelow<Node>(root).size());
   }
   tarn::CameraStation& station(int i) {
     return *static_cast<tarn::CameraStation*>(project.GetCameraStations().at(i));
@@ -56,11 +53,10 @@ protected:
 
 TEST_F(ProjectSceneTest, EveryLayerIsASwitchOverALayerSeparator) {
   ProjectScene scene(project);
-  EXPECT_EQ(count(scene.root(), TarnOISwitch::getClassTypeId()), 4);
-  EXPECT_EQ(count(scene.root(), TarnOILayerSeparator::getClassTypeId()), 4);
-  EXPECT_EQ(count(scene.root(), TarnOICameraStationSeparator::getClassTypeId()), 12);
-  EXPECT_EQ(count(scene.root(), TarnOIObjectPointSeparator::getClassTypeId()),
-            project.GetObjectPoints().size());
+  EXPECT_EQ(count<TarnOISwitch>(scene.root()), 4);
+  EXPECT_EQ(count<TarnOILayerSeparator>(scene.root()), 4);
+  EXPECT_EQ(count<TarnOICameraStationSeparator>(scene.root()), 12);
+  EXPECT_EQ(count<TarnOIObjectPointSeparator>(scene.root()), project.GetObjectPoints().size());
 }
 
 TEST_F(ProjectSceneTest, ObjectsAreFoundInDictionaryAndBySearch) {
@@ -98,7 +94,7 @@ TEST_F(ProjectSceneTest, NewViewReplacesTheCamera) {
   ProjectScene scene(project);
   scene.setView(View::eIso, 1.5);
   scene.setView(View::eTop, 1.5);
-  EXPECT_EQ(count(scene.root(), SoCamera::getClassTypeId()), 1);
+  EXPECT_EQ(count<SoCamera>(scene.root()), 1);
   EXPECT_EQ(scene.root()->findChild(scene.camera()) >= 0, true);
 }
 
@@ -110,14 +106,14 @@ TEST_F(ProjectSceneTest, HighlightedPointGetsMarkerLabelAndMaterialAndLosesThemA
   const int before = node->getNumChildren();
   const int layers = scene.root()->getNumChildren();
   scene.highlight(point);
-  EXPECT_EQ(count(node, TarnOIMaterialWithPriority::getClassTypeId()), 1);
-  EXPECT_EQ(count(node, SoMarkerSet::getClassTypeId()), 1);
-  EXPECT_EQ(count(node, TarnOIText2::getClassTypeId()), 1);
+  EXPECT_EQ(count<TarnOIMaterialWithPriority>(node), 1);
+  EXPECT_EQ(count<SoMarkerSet>(node), 1);
+  EXPECT_EQ(count<TarnOIText2>(node), 1);
   auto* onTop = static_cast<SoGroup*>(scene.root()->getChild(layers - 1));
   EXPECT_NE(onTop->findChild(node), -1);
   scene.clearHighlight();
   EXPECT_EQ(node->getNumChildren(), before);
-  EXPECT_EQ(count(node, TarnOIMaterialWithPriority::getClassTypeId()), 0);
+  EXPECT_EQ(count<TarnOIMaterialWithPriority>(node), 0);
   EXPECT_EQ(onTop->findChild(node), -1);
 }
 
@@ -142,28 +138,27 @@ TEST_F(ProjectSceneTest, LabelsNameAsManyStationsAndPointsAsThereIsRoomFor) {
   ProjectScene scene(project);
   scene.setView(View::eIso, 4.0 / 3.0);
   scene.showLabels(SbViewportRegion(800, 600));
-  const int shown = count(scene.root(), TarnOIText2::getClassTypeId());
+  const int shown = count<TarnOIText2>(scene.root());
   EXPECT_GT(shown, 12 + 10);
   EXPECT_LT(shown, 12 + 300);
   scene.showLabels(SbViewportRegion(120, 90));
   int stations = 0;
   for (int i = 0; i < 12; ++i) {
-    stations += count(static_cast<SoNode*>(scene.dictionary().atKey(&station(i))),
-                      TarnOIText2::getClassTypeId());
+    stations += count<TarnOIText2>(static_cast<SoNode*>(scene.dictionary().atKey(&station(i))));
   }
   EXPECT_GT(stations, 0);
   EXPECT_LT(stations, 6);
   scene.hideLabels();
-  EXPECT_EQ(count(scene.root(), TarnOIText2::getClassTypeId()), 0);
+  EXPECT_EQ(count<TarnOIText2>(scene.root()), 0);
 }
 
 TEST_F(ProjectSceneTest, StationsWithoutRoomForTheirNamesStayUnnamedWhenTheyAreShownAnew) {
   ProjectScene scene(project);
   scene.setView(View::eIso, 4.0 / 3.0);
   scene.showLabels(SbViewportRegion(120, 90));
-  const int shown = count(scene.root(), TarnOIText2::getClassTypeId());
+  const int shown = count<TarnOIText2>(scene.root());
   scene.setImagePlanes(true);
-  EXPECT_EQ(count(scene.root(), TarnOIText2::getClassTypeId()), shown);
+  EXPECT_EQ(count<TarnOIText2>(scene.root()), shown);
 }
 
 TEST_F(ProjectSceneTest, MarkedStationIsNamedBeforeTheOthers) {
@@ -172,8 +167,7 @@ TEST_F(ProjectSceneTest, MarkedStationIsNamedBeforeTheOthers) {
   // So small that there is room for few of them.
   const SbViewportRegion small(160, 120);
   const auto isNamed = [&](int i) {
-    return count(static_cast<SoNode*>(scene.dictionary().atKey(&station(i))),
-                 TarnOIText2::getClassTypeId());
+    return count<TarnOIText2>(static_cast<SoNode*>(scene.dictionary().atKey(&station(i))));
   };
   int namedTogether = 0;
   scene.showLabels(small);
@@ -193,32 +187,32 @@ TEST_F(ProjectSceneTest, MarkStaysWhenPhotographsAreShown) {
   scene.highlight(station(4));
   for (const bool show : {true, false}) {
     scene.setImagePlanes(show);
-    EXPECT_GT(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
-    EXPECT_GT(count(static_cast<SoNode*>(scene.dictionary().atKey(&station(4))),
-                    TarnOIMaterialWithPriority::getClassTypeId()),
+    EXPECT_GT(count<TarnOIMaterialWithPriority>(scene.root()), 0);
+    EXPECT_GT(count<TarnOIMaterialWithPriority>(
+                  static_cast<SoNode*>(scene.dictionary().atKey(&station(4)))),
               0);
   }
   scene.clearHighlight();
-  EXPECT_EQ(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+  EXPECT_EQ(count<TarnOIMaterialWithPriority>(scene.root()), 0);
 }
 
 TEST_F(ProjectSceneTest, LookingThroughAStationLeavesItsSymbolOut) {
   ProjectScene scene(project);
   ASSERT_TRUE(scene.setView(station(4)));
-  EXPECT_EQ(count(scene.root(), TarnOICameraStationSeparator::getClassTypeId()), 11);
+  EXPECT_EQ(count<TarnOICameraStationSeparator>(scene.root()), 11);
 }
 
 TEST_F(ProjectSceneTest, LookingThroughTheMarkedStationTakesTheMarkOff) {
   ProjectScene scene(project);
   scene.highlight(station(4));
   ASSERT_TRUE(scene.setView(station(4)));
-  EXPECT_EQ(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+  EXPECT_EQ(count<TarnOIMaterialWithPriority>(scene.root()), 0);
   // What came after it worked on the node that was gone.
   scene.setImagePlanes(true);
   scene.clearHighlight();
   scene.highlight(station(4));
   scene.highlight(station(5));
-  EXPECT_GT(count(scene.root(), TarnOIMaterialWithPriority::getClassTypeId()), 0);
+  EXPECT_GT(count<TarnOIMaterialWithPriority>(scene.root()), 0);
 }
 
 TEST_F(ProjectSceneTest, PhotographThatCannotBeShownIsNamedOnce) {
@@ -284,24 +278,23 @@ TEST_F(ProjectSceneTest, PickedObjectIsFoundBehindItsNodeItsCloudAndItsRays) {
 
 TEST_F(ProjectSceneTest, RaysOfTheMarkedObjectAreShownAndHidden) {
   ProjectScene scene(project);
-  const auto lines = [&](SoType type) { return count(scene.root(), type); };
-  const SoType ofPoint = TarnOIPointRaysSeparator::getClassTypeId();
-  const SoType ofStation = TarnOICameraRaysSeparator::getClassTypeId();
+  const auto ofPoint = [&] { return count<TarnOIPointRaysSeparator>(scene.root()); };
+  const auto ofStation = [&] { return count<TarnOICameraRaysSeparator>(scene.root()); };
   scene.toggleRaysOfHighlighted();
-  EXPECT_EQ(lines(ofPoint) + lines(ofStation), 0);
+  EXPECT_EQ(ofPoint() + ofStation(), 0);
   scene.highlight(ProjectFile::findPoint(project, 30));
   scene.toggleRaysOfHighlighted();
-  EXPECT_EQ(lines(ofPoint), 1);
+  EXPECT_EQ(ofPoint(), 1);
   scene.highlight(station(3));
   scene.toggleRaysOfHighlighted();
-  EXPECT_EQ(lines(ofPoint), 0);
-  EXPECT_EQ(lines(ofStation), 1);
+  EXPECT_EQ(ofPoint(), 0);
+  EXPECT_EQ(ofStation(), 1);
   scene.toggleRaysOfHighlighted();
-  EXPECT_EQ(lines(ofStation), 0);
+  EXPECT_EQ(ofStation(), 0);
   scene.toggleRaysOfHighlighted();
   scene.clearHighlight();
   scene.toggleRaysOfHighlighted();
-  EXPECT_EQ(lines(ofStation), 0);
+  EXPECT_EQ(ofStation(), 0);
 }
 
 TEST_F(ProjectSceneTest, RaysOfSeveralObjectsAreShownTogether) {
@@ -309,8 +302,8 @@ TEST_F(ProjectSceneTest, RaysOfSeveralObjectsAreShownTogether) {
   scene.showRays(ProjectFile::findPoint(project, 30));
   scene.showRays(ProjectFile::findPoint(project, 31));
   scene.showRays(station(3));
-  EXPECT_EQ(count(scene.root(), TarnOIPointRaysSeparator::getClassTypeId()), 2);
-  EXPECT_EQ(count(scene.root(), TarnOICameraRaysSeparator::getClassTypeId()), 1);
+  EXPECT_EQ(count<TarnOIPointRaysSeparator>(scene.root()), 2);
+  EXPECT_EQ(count<TarnOICameraRaysSeparator>(scene.root()), 1);
 }
 
 TEST_F(ProjectSceneTest, AxisAndGroundPlaneAreShownWhenTheyAreAskedFor) {
@@ -347,12 +340,12 @@ TEST_F(ProjectSceneTest, GradientIsDrawnBeforeAllElseUnlessAnotherBackgroundIsAs
   for (const Kind kind : {Kind::ePlain, Kind::eNone}) {
     scene.setBackground(kind);
     EXPECT_EQ(scene.background().kind(), kind);
-    EXPECT_EQ(count(scene.root(), SoBackground::getClassTypeId()), 0);
+    EXPECT_EQ(count<SoBackground>(scene.root()), 0);
   }
   scene.setBackground(Kind::eGradient);
   scene.setBackground(Kind::eGradient);
   EXPECT_TRUE(scene.root()->getChild(0)->isOfType(SoGradientBackground::getClassTypeId()));
-  EXPECT_EQ(count(scene.root(), SoBackground::getClassTypeId()), 1);
+  EXPECT_EQ(count<SoBackground>(scene.root()), 1);
 }
 
 TEST_F(ProjectSceneTest, PictureWithoutBackgroundIsClearedInBlack) {
@@ -404,7 +397,7 @@ TEST_F(ProjectSceneTest, EmptyProjectMakesAScene) {
   ProjectScene scene(empty);
   scene.setView(View::eIso, 1.0);
   scene.showLabels(SbViewportRegion(80, 60));
-  EXPECT_EQ(count(scene.root(), SoCamera::getClassTypeId()), 1);
+  EXPECT_EQ(count<SoCamera>(scene.root()), 1);
 }
 
 class ProjectSceneOfACloudTest : public TarnTest {

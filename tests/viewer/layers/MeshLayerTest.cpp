@@ -9,6 +9,7 @@
 
 #include "host/model/Project.h"
 #include "nodes/meshes/TarnOIPointMeshSeparator.h"
+#include "tests/support/NodesBelow.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/layers/SceneContext.h"
 
@@ -71,11 +72,7 @@ protected:
 
   template <typename Node>
   static int count(SoNode* root) {
-    SoSearchAction search;
-    search.setType(Node::getClassTypeId());
-    search.setInterest(SoSearchAction::ALL);
-    search.apply(root);
-    return search.getPaths().getLength();
+    return static_cast<int>(nodesBelow<Node>(root).size());
   }
 
   tarn::Project project;

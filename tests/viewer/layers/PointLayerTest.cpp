@@ -11,6 +11,7 @@
 #include "nodes/framework/TarnOIText2.h"
 #include "nodes/meshes/TarnOIPointMeshSeparator.h"
 #include "nodes/points/TarnOIObjectPointSeparator.h"
+#include "tests/support/NodesBelow.h"
 #include "tests/support/SyntheticScene.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/LabelPlaces.h"
@@ -34,11 +35,7 @@ protected:
 
   template <typename Node>
   static int count(SoNode* root) {
-    SoSearchAction search;
-    search.setType(Node::getClassTypeId());
-    search.setInterest(SoSearchAction::ALL);
-    search.apply(root);
-    return search.getPaths().getLength();
+    return static_cast<int>(nodesBelow<Node>(root).size());
   }
 
   static constexpr int points = 60;

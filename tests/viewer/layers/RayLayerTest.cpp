@@ -1,10 +1,10 @@
 #include "viewer/layers/RayLayer.h"
 
-#include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/nodes/SoLineSet.h>
 
 #include "host/model/Project.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
+#include "tests/support/NodesBelow.h"
 #include "tests/support/SyntheticScene.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/layers/SceneContext.h"
@@ -13,13 +13,7 @@ class RayLayerTest : public TarnTest {
 protected:
   RayLayerTest() { SyntheticScene().addTo(project); }
 
-  int lines() const {
-    SoSearchAction search;
-    search.setType(SoLineSet::getClassTypeId());
-    search.setInterest(SoSearchAction::ALL);
-    search.apply(layer.root());
-    return search.getPaths().getLength();
-  }
+  int lines() const { return static_cast<int>(nodesBelow<SoLineSet>(layer.root()).size()); }
   tarn::ObjectPoint& point(int i) {
     return *static_cast<tarn::ObjectPoint*>(project.GetObjectPoints().at(i));
   }
