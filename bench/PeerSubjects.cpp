@@ -51,10 +51,10 @@ struct Figure {
   bool drawn;
 };
 constexpr Figure figures[] = {
-    {"build", "build_s", "s", 1.0, false},
-    {"colour by height", "colour_s", "s", 1.0, false},
-    {"first frame", "first_s", "s", bench::noTarget, true},
-    {"steady frame", "steady_s", "s", bench::noTarget, true},
+    {"build", "build_ms", "ms", 1.0, false},
+    {"colour by height", "colour_ms", "ms", 1.0, false},
+    {"first frame", "first_ms", "ms", bench::noTarget, true},
+    {"steady frame", "steady_ms", "ms", bench::noTarget, true},
     {"resident memory a point, drawn", "bytes_per_point", "bytes", bench::noTarget, true}};
 
 std::string reasonToSkip(const Peer& peer, const Figure& figure) {

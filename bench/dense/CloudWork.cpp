@@ -34,11 +34,11 @@ void CloudWork::tellBuilding() {
   std::vector<double> colouring;
   for (int i = 0; i < 5; ++i) {
     residentBytes();  // what the last pass took is given back: the next one's memory is new
-    building.push_back(secondsOf([this] { build(); }));
-    colouring.push_back(secondsOf([this] { colour(); }));
+    building.push_back(1e3 * secondsOf([this] { build(); }));
+    colouring.push_back(1e3 * secondsOf([this] { colour(); }));
     drop();
   }
-  std::cout << "build_s " << medianOf(building) << "\ncolour_s " << medianOf(colouring) << '\n';
+  std::cout << "build_ms " << medianOf(building) << "\ncolour_ms " << medianOf(colouring) << '\n';
 }
 
 void CloudWork::tellDrawing() {
@@ -49,11 +49,11 @@ void CloudWork::tellDrawing() {
   colour();
   int frame = 0;
   const auto next = [&] { return secondsOf([&] { draw(View::ofCloud(frame++)); }); };
-  std::cout << "first_s " << next() << '\n';
+  std::cout << "first_ms " << next() << '\n';
   next();
   std::vector<double> steady;
   for (int i = 0; i < 3; ++i) steady.push_back(next());
-  std::cout << "steady_s " << medianOf(steady) << "\nbytes_per_point "
+  std::cout << "steady_ms " << medianOf(steady) << "\nbytes_per_point "
             << (residentBytes() - before) / static_cast<double>(count()) << '\n';
 }
 

@@ -14,8 +14,8 @@ class CloudWork {
 public:
   virtual ~CloudWork() = default;
 
-  /// Does the work of `argv[1]` points and prints the figures (see Companion): build_s, colour_s
-  /// (each into new memory, medians of five), and where it can draw first_s, steady_s, and
+  /// Does the work of `argv[1]` points and prints the figures (see Companion): build_ms, colour_ms
+  /// (each into new memory, medians of five), and where it can draw first_ms, steady_ms, and
   /// bytes_per_point, the resident memory that building, colouring and drawing took. The exit
   /// status of a program.
   int run(int argc, char** argv);

@@ -17,11 +17,13 @@ public:
   /// The first position of the triangle in the list, from 0; -1 where it is not listed.
   int of(const tarn::VObject* triangle, const tarn::VOrdCollect& triangles);
 
+  /// Reads the list anew.
+  void read(const tarn::VOrdCollect& triangles);
+  /// The first position of the triangle in the list when it was read; -1 where it was not there.
+  int inListRead(const tarn::VObject* triangle) const;
+
 private:
   using Entry = std::pair<const tarn::VObject*, int>;
-
-  int remembered(const tarn::VObject* triangle, const tarn::VOrdCollect& triangles) const;
-  void read(const tarn::VOrdCollect& triangles);
 
   std::vector<Entry> entries;  ///< sorted
 };

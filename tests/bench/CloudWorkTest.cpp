@@ -63,7 +63,7 @@ TEST(CloudWorkTest, BuildsAndColoursAnewFiveTimesThenDraws) {
   EXPECT_EQ(run(work, "7", out, err), 0);
   EXPECT_EQ(work.steps, "bcdbcdbcdbcdbcdofffbcfffff");
   for (const char* figure :
-       {"build_s ", "colour_s ", "first_s ", "steady_s ", "bytes_per_point "}) {
+       {"build_ms ", "colour_ms ", "first_ms ", "steady_ms ", "bytes_per_point "}) {
     EXPECT_THAT(out, HasSubstr(figure));
   }
 }
@@ -74,8 +74,8 @@ TEST(CloudWorkTest, TellsNoFramesWhereItCannotDraw) {
   std::string err;
   EXPECT_EQ(run(work, "7", out, err), 0);
   EXPECT_EQ(work.steps, "bcdbcdbcdbcdbcdo");
-  EXPECT_THAT(out, HasSubstr("colour_s "));
-  EXPECT_THAT(out, Not(HasSubstr("first_s")));
+  EXPECT_THAT(out, HasSubstr("colour_ms "));
+  EXPECT_THAT(out, Not(HasSubstr("first_ms")));
 }
 
 TEST(CloudWorkTest, FailsWithWhatWasThrown) {

@@ -49,3 +49,30 @@ TEST_F(TrianglePositionsTest, FollowAListThatIsFilledAnew) {
   list.clear();
   EXPECT_EQ(of(0), -1);
 }
+
+TEST_F(TrianglePositionsTest, AreFoundWhereTrianglesLieUnevenlyAndStandTwice) {
+  std::array<tarn::Triangle, 40> many;
+  tarn::VOrdCollect uneven;
+  for (const std::size_t i : {39, 0, 1, 2, 1, 17, 3, 0, 31}) uneven.add(&many[i]);
+  positions.read(uneven);
+  EXPECT_EQ(positions.inListRead(&many[39]), 0);
+  EXPECT_EQ(positions.inListRead(&many[0]), 1);
+  EXPECT_EQ(positions.inListRead(&many[1]), 2);
+  EXPECT_EQ(positions.inListRead(&many[2]), 3);
+  EXPECT_EQ(positions.inListRead(&many[17]), 5);
+  EXPECT_EQ(positions.inListRead(&many[3]), 6);
+  EXPECT_EQ(positions.inListRead(&many[31]), 8);
+  EXPECT_EQ(positions.inListRead(&many[30]), -1);
+  EXPECT_EQ(positions.inListRead(nullptr), -1);
+}
+
+TEST_F(TrianglePositionsTest, OfOneTriangleAndOfNone) {
+  positions.read(tarn::VOrdCollect());
+  EXPECT_EQ(positions.inListRead(&triangles[0]), -1);
+  tarn::VOrdCollect one;
+  one.add(&triangles[1]);
+  one.add(&triangles[1]);
+  positions.read(one);
+  EXPECT_EQ(positions.inListRead(&triangles[1]), 0);
+  EXPECT_EQ(positions.inListRead(&triangles[0]), -1);
+}
