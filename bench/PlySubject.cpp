@@ -1,6 +1,7 @@
 // A file of ten million coloured points, read.
 #include "bench/Companion.h"
 #include "bench/PointHash.h"
+#include "bench/ReadingTime.h"
 #include "bench/Subject.h"
 #include "host/model/PointMesh.h"
 #include "host/model/Project.h"
@@ -58,20 +59,12 @@ double hashOf(const tarn::PointMesh& mesh) {
   return hash.value();
 }
 
-// The time of reading; giving the points back does not count.
-bench::Measure reading(const std::string& file) {
-  return {.name = "ours",
-          .time =
-              [file](benchmark::State& state) {
-                for ([[maybe_unused]] auto _ : state) {
-                  auto project = std::make_unique<tarn::Project>();
-                  tarn::PlyReader::Read(file, *project);
-                  state.PauseTiming();
-                  project.reset();
-                  state.ResumeTiming();
-                }
-              },
-          .figure = {}};
+double readingTime(const std::string& file) {
+  return bench::readingTime([&file] {
+    auto project = std::make_unique<tarn::Project>();
+    tarn::PlyReader::Read(file, *project);
+    return project;
+  });
 }
 
 // The same work of a peer, which has to come to the same points.
@@ -86,7 +79,7 @@ bench::Row against(const std::string& name, const bench::Companion& peer, const 
   };
   return {.work = "read coloured points, binary",
           .size = "10,000,000 points",
-          .ours = reading(file),
+          .ours = bench::figureOf("ours", [file] { return readingTime(file); }),
           .against = bench::figureOf(name, figure),
           .target = 1.0 / 3,
           .unit = "s",
