@@ -112,6 +112,7 @@ TEST_F(PointLayerTest, PointOfACloudIsFoundByItsIndex) {
   search.apply(layer->root());
   auto* node = static_cast<TarnOIPointMeshSeparator*>(search.getPath()->getTail());
   const tarn::VObject& cloud = *node->GetTarnObject();
+  search.reset();  // its path would keep nodes of the layer longer than their dictionaries
   EXPECT_EQ(layer->pointOfCloud(cloud, 5), &point(5));
   EXPECT_EQ(layer->pointOfCloud(cloud, -1), nullptr);
   EXPECT_EQ(layer->pointOfCloud(cloud, points), nullptr);
