@@ -11,7 +11,8 @@ VClass VStringCls("VString", &VObjectCls, []() -> VObject* { return new VString;
 
 namespace {
 std::unordered_map<int, std::string>& resources() {
-  static std::unordered_map<int, std::string> texts;
+  // Whether a shape is seen from within.
+  static std::unordered_map<int, std::string> texts{{6398, "outside"}, {6441, "inside out"}};
   return texts;
 }
 }  // namespace

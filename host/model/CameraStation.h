@@ -2,6 +2,7 @@
 
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VString.h"
+#include "host/general/Point2DDouble.h"
 #include "host/general/Point3DDouble.h"
 #include "host/model/MatrixDouble.h"
 
@@ -25,6 +26,11 @@ public:
   virtual MatrixDouble GetRotationMatrix() const { return _rotation; }
   /// A position by satellite, in model coordinates. Returns 0 when there is none.
   virtual int GetGPSPosition(Point3DDouble& position) const;
+
+  /// Where the photograph shows a point of the model, in pixels, lens distortion included (see
+  /// Camera::Project). Returns 0, and leaves `pixel` as it was, where it does not: the station is
+  /// not oriented, has no camera, or the point is not in front of it.
+  virtual int ProjectPoint(const Point3DDouble& point, Point2DDouble& pixel) const;
 
   /// The camera; null when the station has none. `active` is kept for hosts that
   /// tell apart the camera in use (1) and the one first assigned (0).

@@ -47,6 +47,15 @@ VOrdCollect* ObjectPoint::GetPhotographs(int) const {
   return photographs.release();
 }
 
+int ObjectPoint::BestProjectionOnto(Photograph* photograph, Point2DDouble& pixel) const {
+  const auto mark = std::ranges::find_if(_marks, [photograph](const MarkedPoint* one) {
+    return photograph && one->GetPhotograph() == photograph;
+  });
+  if (mark == _marks.end()) return ThreeDPoint::BestProjectionOnto(photograph, pixel);
+  pixel = (*mark)->GetPosition();
+  return 1;
+}
+
 void ObjectPoint::SetTargetCode(int code, int ring) {
   _codedTarget = true;
   _targetCode = code;

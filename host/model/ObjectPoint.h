@@ -63,6 +63,9 @@ public:
   /// photographs in use and others.
   virtual VOrdCollect* GetPhotographs(int selection) const;
 
+  /// Where it is marked on the photograph, in pixels; the projection where it is not.
+  int BestProjectionOnto(Photograph* photograph, Point2DDouble& pixel) const override;
+
   /// The marks of this point, in the order of its track; not owned.
   const std::vector<MarkedPoint*>& GetMarkedPoints() const { return _marks; }
 

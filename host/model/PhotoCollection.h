@@ -10,6 +10,7 @@
 namespace tarn {
 
 class Project;
+class SurfaceElement;
 
 extern TARN_HOST_EXPORT VClass PhotoCollectionCls;
 
@@ -34,6 +35,13 @@ public:
   /// known. `project`, which may be null, is for hosts that select by more than the photograph.
   /// The collection is new, and the caller's.
   virtual VOrdCollect* GetPhotographsByType(int type, Project* project) const;
+
+  /// The photograph that shows the triangle best: wholly, largest and most squarely. Its weight
+  /// is the triangle's part of the picture's area times the cosine of the angle between its
+  /// normal and the line of sight. Photographs of its front (its corners turn
+  /// counter-clockwise) come before those of its back; what stands in between is not known.
+  /// Null where none shows all of it. `element` may be null.
+  virtual Photograph* GetBestFacePhoto(SurfaceElement* element) const;
 
   /// Adds an empty photograph; the reference stays valid.
   Photograph& Add();

@@ -1,5 +1,8 @@
 #include "host/model/Photograph.h"
 
+#include "host/model/Camera.h"
+#include "host/model/CameraStation.h"
+
 namespace tarn {
 
 VClass PhotographCls("Photograph", &VObjectCls, []() -> VObject* { return new Photograph; });
@@ -13,6 +16,19 @@ const VOrdCollect& Photograph::GetAllMarkedPoints(int selection, int) const {
     }
   }
   return _referencedMarks;
+}
+
+Point2DDouble Photograph::GetPixelToTextureNormalizedSpace() const {
+  int width = 0;
+  int height = 0;
+  const CameraStation* station = GetCameraStation();
+  if (const Camera* camera = station ? station->GetCamera(1) : nullptr) {
+    camera->GetImageSize(width, height);
+  } else if (const Image* image = GetImage()) {
+    image->GetExtents(width, height);
+  }
+  if (width <= 0 || height <= 0) return {1.0, 1.0};
+  return {1.0 / width, 1.0 / height};
 }
 
 void Photograph::SetImageFile(const VPathString& fileName) {

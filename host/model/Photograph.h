@@ -27,6 +27,11 @@ public:
   virtual Image* GetImage() const { return _hasImage ? &_image : nullptr; }
   virtual CameraStation* GetCameraStation() const { return _station; }
 
+  /// What a pixel's two coordinates are multiplied with so that they count from 0 to 1 over the
+  /// picture: (1 / width, 1 / height). The size is the camera's; without a camera the picture
+  /// file's; (1, 1) where neither is known.
+  virtual Point2DDouble GetPixelToTextureNormalizedSpace() const;
+
   /// The marked points in the order of marking; the collection stays the
   /// photograph's and, where it is a selection, holds until the next call.
   /// `selection` 0 gives all, any other those of object points only;

@@ -1,5 +1,13 @@
 #include "host/model/Project.h"
 
+#include "host/model/ImportedLine.h"
+#include "host/model/ImportedSurface.h"
+#include "host/model/NURBSCurve.h"
+#include "host/model/NURBSSurface.h"
+#include "host/model/NURBSSurfaceCylinder.h"
+#include "host/model/Shape.h"
+#include "host/model/SurfaceGroup.h"
+
 #include <utility>
 
 namespace tarn {
@@ -37,7 +45,25 @@ Object* found(const VOrdCollect& all, Condition holds) {
 }
 }  // namespace
 
-Project::Project() = default;
+// Lines, curves, surfaces and shapes, each kind with the collection that lists it.
+struct Project::Surfaces {
+  template <typename Object>
+  struct Kind {
+    std::deque<Object> store;
+    VOrdCollect all;
+
+    Object& add() { return added(store, all); }
+  };
+  Kind<SurfaceGroup> groups;
+  Kind<NURBSCurve> curves;
+  Kind<NURBSSurface> nurbs;
+  Kind<NURBSSurfaceCylinder> cylinders;
+  Kind<ImportedLine> importedLines;
+  Kind<ImportedSurface> importedSurfaces;
+  Kind<Shape> shapes;
+};
+
+Project::Project() : _surfaces(std::make_unique<Surfaces>()) {}
 
 Project::~Project() = default;
 
@@ -72,6 +98,34 @@ ThreeDPointFromTarnObject& Project::AddThreeDPoint() {
 AffineObjectNPoint& Project::AddAffineObjectNPoint() {
   return added(_affineObjectNPoints, _allAffineObjects);
 }
+
+SurfaceGroup& Project::AddSurfaceGroup() { return _surfaces->groups.add(); }
+
+NURBSCurve& Project::AddNURBSCurve() { return _surfaces->curves.add(); }
+
+NURBSSurface& Project::AddNURBSSurface() { return _surfaces->nurbs.add(); }
+
+NURBSSurfaceCylinder& Project::AddNURBSSurfaceCylinder() { return _surfaces->cylinders.add(); }
+
+ImportedLine& Project::AddImportedLine() { return _surfaces->importedLines.add(); }
+
+ImportedSurface& Project::AddImportedSurface() { return _surfaces->importedSurfaces.add(); }
+
+Shape& Project::AddShape() { return _surfaces->shapes.add(); }
+
+const VOrdCollect& Project::GetSurfaceGroups() const { return _surfaces->groups.all; }
+
+const VOrdCollect& Project::GetNURBSCurves() const { return _surfaces->curves.all; }
+
+const VOrdCollect& Project::GetNURBSSurfaces() const { return _surfaces->nurbs.all; }
+
+const VOrdCollect& Project::GetNURBSSurfaceCylinders() const { return _surfaces->cylinders.all; }
+
+const VOrdCollect& Project::GetImportedLines() const { return _surfaces->importedLines.all; }
+
+const VOrdCollect& Project::GetImportedSurfaces() const { return _surfaces->importedSurfaces.all; }
+
+const VOrdCollect& Project::GetShapes() const { return _surfaces->shapes.all; }
 
 ObjectPoint* Project::FindObjectPoint(long number) const {
   return found<ObjectPoint>(GetObjectPoints(),

@@ -26,6 +26,14 @@
 
 namespace tarn {
 
+class ImportedLine;
+class ImportedSurface;
+class NURBSCurve;
+class NURBSSurface;
+class NURBSSurfaceCylinder;
+class Shape;
+class SurfaceGroup;
+
 extern TARN_HOST_EXPORT VClass ProjectCls;
 
 /// A photogrammetric project and everything it owns. Objects are added empty and
@@ -51,6 +59,13 @@ public:
   CheckPoint& AddCheckPoint();
   ThreeDPointFromTarnObject& AddThreeDPoint();
   AffineObjectNPoint& AddAffineObjectNPoint();
+  SurfaceGroup& AddSurfaceGroup();
+  NURBSCurve& AddNURBSCurve();
+  NURBSSurface& AddNURBSSurface();
+  NURBSSurfaceCylinder& AddNURBSSurfaceCylinder();
+  ImportedLine& AddImportedLine();
+  ImportedSurface& AddImportedSurface();
+  Shape& AddShape();
 
   virtual const VOrdCollect& GetCameras() const { return _allCameras; }
   virtual const VOrdCollect& GetCameraStations() const { return _allStations; }
@@ -64,6 +79,13 @@ public:
   /// The points that were derived from objects of the model (ThreeDPointFromTarnObject).
   virtual const VOrdCollect& GetThreeDPoints() const { return _allThreeDPoints; }
   virtual const VOrdCollect& GetAffineObjects() const { return _allAffineObjects; }
+  virtual const VOrdCollect& GetSurfaceGroups() const;
+  virtual const VOrdCollect& GetNURBSCurves() const;
+  virtual const VOrdCollect& GetNURBSSurfaces() const;
+  virtual const VOrdCollect& GetNURBSSurfaceCylinders() const;
+  virtual const VOrdCollect& GetImportedLines() const;
+  virtual const VOrdCollect& GetImportedSurfaces() const;
+  virtual const VOrdCollect& GetShapes() const;
   virtual PhotoCollection* GetPhotoCollection() { return &_photographs; }
   const PhotoCollection& photographs() const { return _photographs; }
 
@@ -90,6 +112,11 @@ public:
   virtual double GetVolumeAboveXY_ZLevel() const { return _zLevel; }
   void SetVolumeAboveXY_ZLevel(double height) { _zLevel = height; }
 
+  /// How far a drawn curve may depart from the true one, in project units: 0.001 until another
+  /// is set.
+  virtual double GetCurveTesselationTolerance() const { return _curveTolerance; }
+  void SetCurveTesselationTolerance(double tolerance) { _curveTolerance = tolerance; }
+
   /// Grows `extents` to hold the points of all point meshes as they are stored, without the
   /// meshes' local affines: the frame that a ramp of heights colours. Each box is that of its
   /// points brought through `affine` (see PointMesh::GetBoundingBox).
@@ -108,6 +135,8 @@ public:
   VClass* iam() const override { return &ProjectCls; }
 
 private:
+  struct Surfaces;
+
   std::deque<Camera> _cameras;
   std::deque<CameraStation> _stations;
   std::deque<ObjectPoint> _objectPoints;
@@ -134,6 +163,8 @@ private:
   BasicAffine* _affine = nullptr;
   Units _units;
   double _zLevel = 0.0;
+  double _curveTolerance = 0.001;
+  std::unique_ptr<Surfaces> _surfaces;
 };
 
 }  // namespace tarn

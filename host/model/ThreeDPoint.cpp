@@ -1,5 +1,8 @@
 #include "host/model/ThreeDPoint.h"
 
+#include "host/model/CameraStation.h"
+#include "host/model/Photograph.h"
+
 namespace tarn {
 
 VClass ThreeDPointCls("ThreeDPoint", &VObjectCls, []() -> VObject* { return new ThreeDPoint; });
@@ -16,6 +19,13 @@ int ThreeDPoint::GetApproximationNoLocalAffine(Point3DDouble& position) const {
   if (!GetApproximation(approximation)) return 0;
   position = approximation.position();
   return 1;
+}
+
+int ThreeDPoint::BestProjectionOnto(Photograph* photograph, Point2DDouble& pixel) const {
+  const CameraStation* station = photograph ? photograph->GetCameraStation() : nullptr;
+  Point3DRandom position;
+  if (!station || !GetApproximation(position)) return 0;
+  return station->ProjectPoint(position.position(), pixel);
 }
 
 void ThreeDPoint::SetApproximation(const Point3DRandom& position) {

@@ -2,9 +2,12 @@
 
 #include "host/TarnOIHostExport.h"
 #include "host/classes/VObject.h"
+#include "host/general/Point2DDouble.h"
 #include "host/model/Point3DRandom.h"
 
 namespace tarn {
+
+class Photograph;
 
 extern TARN_HOST_EXPORT VClass ThreeDPointCls;
 
@@ -17,6 +20,10 @@ public:
   /// belongs to one that has one; else the same. Returns 0, and changes nothing, when there
   /// is none.
   virtual int GetApproximationNoLocalAffine(Point3DDouble& position) const;
+  /// Where the photograph shows the point, in pixels: its projection, lens distortion included.
+  /// Returns 0, and leaves `pixel` as it was, where it has no position or the photograph, which
+  /// may be null, does not show it.
+  virtual int BestProjectionOnto(Photograph* photograph, Point2DDouble& pixel) const;
   /// Non-zero when the position comes from the bundle adjustment.
   virtual int IsProcessed() const { return _processed; }
 
