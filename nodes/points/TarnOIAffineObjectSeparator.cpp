@@ -60,7 +60,7 @@ void TarnOIAffineObjectSeparator::copyContents(const SoFieldContainer* from,
 }
 
 void TarnOIAffineObjectSeparator::AddAsPoint(tarn::AffineObject* object) {
-  shape.findOrBuild(*this, sourceFile);
+  shape.findOrBuild(*this, sourceFile, __LINE__);
   shape.place(positionOf(*object));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "nodes/TarnOIExport.h"
+#include "nodes/framework/PointShape.h"
 #include "nodes/framework/TarnOISeparator.h"
-#include "nodes/points/PointShape.h"
 #include "nodes/points/SphereShape.h"
 
 namespace tarn {

@@ -22,7 +22,7 @@ void TarnOICheckPointSeparator::SetCheckPoint(tarn::CheckPoint* point, tarn::VDi
   SetTarnObject(point, dict);
   if (!point) return;
   const OneNotification once(*this);
-  shape.findOrBuild(*this, "TarnOICheckPointSeparator");
+  shape.findOrBuild(*this, "TarnOICheckPointSeparator", __LINE__);
   shape.place(point->GetPosition());
 }
 

@@ -92,7 +92,7 @@ void TarnOIImportedPointSeparator::copyContents(const SoFieldContainer* from,
 void TarnOIImportedPointSeparator::AddAsPoint(tarn::ImportedPoint* point) {
   // A label whose nodes the host dropped is not taken up again.
   if (getNumChildren() == 0) label = PointLabel();
-  shape.findOrBuild(*this, sourceFile);
+  shape.findOrBuild(*this, sourceFile, __LINE__);
   shape.place(positionOf(*point));
 }
 

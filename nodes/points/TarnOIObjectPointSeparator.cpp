@@ -110,7 +110,7 @@ void TarnOIObjectPointSeparator::SetObjectPoint(tarn::ObjectPoint* point, tarn::
     UpdateRGBColor(useRGB);
     shape.append(*this, shape.markerSet.get());
   } else {
-    shape.findCoordinate(*this, sourceFile);
+    shape.findCoordinate(*this, sourceFile, __LINE__);
     UpdateMarkerSet(useMarkers);
     UpdateRGBColor(useRGB);
   }

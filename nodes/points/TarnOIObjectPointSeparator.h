@@ -3,9 +3,9 @@
 #include "host/classes/VString.h"
 #include "nodes/TarnOIExport.h"
 #include "nodes/framework/NodeRef.h"
+#include "nodes/framework/PointShape.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "nodes/points/PointLabel.h"
-#include "nodes/points/PointShape.h"
 
 class SoSeparator;
 

@@ -33,7 +33,7 @@ void TarnOIOffsetPointSeparator::SetOffsetPoint(tarn::OffsetPoint* point, tarn::
   const OneNotification once(*this);
   // A label whose nodes the host dropped is not taken up again.
   if (getNumChildren() == 0) label = PointLabel();
-  shape.findOrBuild(*this, sourceFile);
+  shape.findOrBuild(*this, sourceFile, __LINE__);
   tarn::Point3DRandom position;
   TARNOI_ASSERT(point->GetApproximation(position), "point->GetApproximation( pt )", sourceFile);
   shape.place(position.position());

@@ -2,9 +2,9 @@
 
 #include "host/classes/VString.h"
 #include "nodes/TarnOIExport.h"
+#include "nodes/framework/PointShape.h"
 #include "nodes/framework/TarnOISeparator.h"
 #include "nodes/points/PointLabel.h"
-#include "nodes/points/PointShape.h"
 
 namespace tarn {
 class OffsetPoint;

@@ -28,7 +28,7 @@ void TarnOIThreeDPointsSeparator::SetPoint(tarn::ThreeDPointFromTarnObject* poin
   SetTarnObject(point, dict);
   if (!point) return;
   const OneNotification once(*this);
-  shape.findOrBuild(*this, sourceFile);
+  shape.findOrBuild(*this, sourceFile, __LINE__);
   tarn::Point3DRandom position;
   TARNOI_ASSERT(point->GetApproximation(position), "point->GetApproximation( pt )", sourceFile);
   shape.place(position.position());

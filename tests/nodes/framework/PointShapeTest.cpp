@@ -1,6 +1,6 @@
 // What all nodes of a plain point do alike. The object point, whose shape may be a marker,
 // has its own test.
-#include "nodes/points/PointShape.h"
+#include "nodes/framework/PointShape.h"
 
 #include <Inventor/SoPath.h>
 #include <Inventor/nodes/SoCube.h>

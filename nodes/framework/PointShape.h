@@ -17,12 +17,12 @@ struct TARNOI_EXPORT PointShape {
   /// The children of `node`, whose member this is, when its setter is called: on a fresh
   /// node a new coordinate and point set are appended; otherwise nothing is added, see
   /// findCoordinate.
-  /// @param className the node's class, for the report
-  void findOrBuild(SoGroup& node, const char* className);
+  /// @param className, line  the node's class and the line, for the report
+  void findOrBuild(SoGroup& node, const char* className, int line);
 
   /// Makes `pointPos` the last of the node's children that is a coordinate, which may be one
   /// that a host has put there. Reports "pointPos" when there is none.
-  void findCoordinate(const SoGroup& node, const char* className);
+  void findCoordinate(const SoGroup& node, const char* className, int line);
 
   /// Appends a new coordinate and then `shape`, which becomes the marker set.
   void append(SoGroup& node, SoPointSet* shape);

@@ -1,18 +1,18 @@
-#include "nodes/points/PointShape.h"
+#include "nodes/framework/PointShape.h"
 
 #include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/ViewerFrame.h"
 
-void PointShape::findOrBuild(SoGroup& node, const char* className) {
+void PointShape::findOrBuild(SoGroup& node, const char* className, int line) {
   if (node.getNumChildren() == 0) {
     append(node, new SoPointSet);
   } else {
-    findCoordinate(node, className);
+    findCoordinate(node, className, line);
   }
 }
 
-void PointShape::findCoordinate(const SoGroup& node, const char* className) {
+void PointShape::findCoordinate(const SoGroup& node, const char* className, int line) {
   pointPos.reset();
   for (int i = node.getNumChildren() - 1; i >= 0 && !pointPos; --i) {
     SoNode* child = node.getChild(i);
@@ -20,7 +20,7 @@ void PointShape::findCoordinate(const SoGroup& node, const char* className) {
       pointPos = NodeRef(static_cast<SoCoordinate3*>(child));
     }
   }
-  TARNOI_ASSERT(pointPos, "pointPos", className);
+  TARNOI_ASSERT_AT(pointPos, "pointPos", className, line);
 }
 
 void PointShape::append(SoGroup& node, SoPointSet* shape) {
