@@ -37,6 +37,9 @@
 #include "nodes/surfaces/TarnOIImportedLineSeparator.h"
 #include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "nodes/surfaces/TarnOINurbsSurfaceSeparator.h"
+#include "nodes/surfaces/TarnOIShapeEdgeSeparator.h"
+#include "nodes/surfaces/TarnOIShapeVertexSeparator.h"
+#include "nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h"
 
 #include <array>
 #include <ranges>
@@ -112,6 +115,12 @@ constexpr std::array table = {
     entry<TarnOIImportedSurfaceSeparator>("TarnOIImportedSurfaceSeparator",
                                           "TarnOINurbsSurfaceSeparator",
                                           "a surface brought in from outside"),
+    entry<TarnOIShapeEdgeSeparator>("TarnOIShapeEdgeSeparator", "TarnOISeparator",
+                                    "an edge of a solid, with markers of its corners"),
+    entry<TarnOIShapeVertexSeparator>("TarnOIShapeVertexSeparator", "TarnOISeparator",
+                                      "a corner of a solid, as a point"),
+    entry<TarnOIShapeVertexToMarkSeparator>("TarnOIShapeVertexToMarkSeparator", "TarnOISeparator",
+                                            "the marker of a corner of a solid: a sphere"),
     entry<TarnOIPointMeshSeparator>("TarnOIPointMeshSeparator", "TarnOISeparator",
                                     "a point cloud or mesh: colours, heights, sub-selections"),
     entry<TarnOIContourSeparator>("TarnOIContourSeparator", "TarnOISeparator",

@@ -27,6 +27,7 @@ protected:
       "nodes/surfaces/TarnOICylinderSeparator.h",
       "nodes/surfaces/TarnOINurbsSurfaceSeparator.h",
       "nodes/surfaces/TarnOIShapeFaceSeparator.h",
+      "nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h",
       "io/ColmapReader.h",
       "viewer/Picture.h",
   };
@@ -85,7 +86,9 @@ INSTANTIATE_TEST_SUITE_P(
         WrongArrow{"nodes/framework/X.h", "nodes/points/TarnOIObjectPointSeparator.h"},
         WrongArrow{"nodes/points/X.h", "nodes/cameras/TarnOICameraStationSeparator.h"},
         WrongArrow{"nodes/points/X.h", "nodes/TarnOI.h"},
-        WrongArrow{"nodes/surfaces/X.h", "nodes/lines/ThreeDExtension.h"}));
+        WrongArrow{"nodes/surfaces/X.h", "nodes/lines/ThreeDExtension.h"},
+        WrongArrow{"nodes/surfaces/X.h", "nodes/surfaces/TarnOINurbsSurfaceSeparator.h"},
+        WrongArrow{"nodes/surfaces/X.h", "nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h"}));
 
 TEST_F(LayoutTest, InsideNodesEveryFolderMayIncludeItselfAndFramework) {
   EXPECT_THAT(findings("nodes/surfaces/TarnOIShapeFaceSeparator.h",
@@ -95,10 +98,18 @@ TEST_F(LayoutTest, InsideNodesEveryFolderMayIncludeItselfAndFramework) {
               IsEmpty());
 }
 
+TEST_F(LayoutTest, TheEdgeOfAShapeMayIncludeTheMarkerOfItsCorners) {
+  EXPECT_THAT(findings("nodes/surfaces/TarnOIShapeEdgeSeparator.h",
+                       "#include \"nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h\"\n"
+                       "class TarnOIShapeEdgeSeparator : public TarnOISeparator {};"),
+              IsEmpty());
+}
+
 TEST_F(LayoutTest, TheListOfAllClassesMayIncludeEveryFolderOfNodes) {
   EXPECT_THAT(findings("nodes/TarnOI.cpp",
                        "#include \"nodes/TarnOI.h\"\n"
-                       "#include \"nodes/points/TarnOIObjectPointSeparator.h\"\n"),
+                       "#include \"nodes/points/TarnOIObjectPointSeparator.h\"\n"
+                       "#include \"nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h\"\n"),
               IsEmpty());
 }
 

@@ -39,6 +39,30 @@ constexpr std::array exceptions = {
     Exception{"nodes/surfaces/TarnOICylinderSeparator.", "nodes/lines/ThreeDExtension.h"},
 };
 
+// Node classes that others build on: inside nodes nobody else may include them.
+struct Reserved {
+  std::string_view included;
+  std::vector<std::string_view> includers;
+};
+const std::vector<Reserved>& reserved() {
+  static const std::vector<Reserved> all = {
+      {"nodes/surfaces/TarnOINurbsSurfaceSeparator.",
+       {"nodes/surfaces/TarnOICylinderSeparator.", "nodes/surfaces/TarnOIImportedSurfaceSeparator.",
+        "nodes/surfaces/TarnOIShapeFaceSeparator."}},
+      {"nodes/surfaces/TarnOIShapeVertexToMarkSeparator.",
+       {"nodes/surfaces/TarnOIShapeEdgeSeparator."}},
+  };
+  return all;
+}
+
+bool isReservedFromOthers(std::string_view includer, std::string_view included) {
+  return std::any_of(reserved().begin(), reserved().end(), [&](const Reserved& one) {
+    const auto beginsWith = [&](std::string_view stem) { return includer.starts_with(stem); };
+    return included.starts_with(one.included) && !beginsWith(one.included) &&
+           std::none_of(one.includers.begin(), one.includers.end(), beginsWith);
+  });
+}
+
 const Folder* folderOf(std::string_view path) {
   for (const Folder& folder : folders()) {
     if (path.starts_with(std::string(folder.name) + "/")) return &folder;
@@ -66,7 +90,9 @@ bool mayInclude(std::string_view includer, std::string_view included) {
   if (from->name != "nodes") return true;
   const std::string_view here = nodeFolderOf(includer);
   const std::string_view there = nodeFolderOf(included);
-  if (here.empty() || here == there || there == "framework") return true;
+  if (here.empty()) return true;
+  if (isReservedFromOthers(includer, included)) return false;
+  if (here == there || there == "framework") return true;
   return std::any_of(exceptions.begin(), exceptions.end(), [&](const Exception& exception) {
     return includer.starts_with(exception.includer) && included == exception.included;
   });
