@@ -34,6 +34,8 @@
 #include "nodes/points/TarnOIObjectPointSeparator.h"
 #include "nodes/points/TarnOIOffsetPointSeparator.h"
 #include "nodes/points/TarnOIThreeDPointsSeparator.h"
+#include "nodes/surfaces/TarnOICurveSeparator.h"
+#include "nodes/surfaces/TarnOICylinderSeparator.h"
 #include "nodes/surfaces/TarnOIImportedLineSeparator.h"
 #include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "nodes/surfaces/TarnOINurbsSurfaceSeparator.h"
@@ -110,6 +112,10 @@ constexpr std::array table = {
                                       "a translucent rectangle under the project"),
     entry<TarnOINurbsSurfaceSeparator>("TarnOINurbsSurfaceSeparator", "TarnOISeparator",
                                        "a tessellated smooth surface with its textures"),
+    entry<TarnOICylinderSeparator>("TarnOICylinderSeparator", "TarnOINurbsSurfaceSeparator",
+                                   "a cylinder: its surface or centre line, with a dashed axis"),
+    entry<TarnOICurveSeparator>("TarnOICurveSeparator", "TarnOISeparator",
+                                "a NURBS curve, as one polyline"),
     entry<TarnOIImportedLineSeparator>("TarnOIImportedLineSeparator", "TarnOISeparator",
                                        "a line brought in from outside"),
     entry<TarnOIImportedSurfaceSeparator>("TarnOIImportedSurfaceSeparator",

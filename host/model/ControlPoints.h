@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/general/Point3DDouble.h"
+#include "host/model/HomogeneousPoint.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace tarn {
+
+/// What the control points of curves and of surfaces have in common.
+namespace ControlPoints {
+
+/// Whether all are finite, and each has one positive, finite weight or none has any.
+inline bool areUsable(const std::vector<Point3DDouble>& points,
+                      const std::vector<double>& weights) {
+  const auto isPlace = [](const Point3DDouble& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+  };
+  const auto isWeight = [](double weight) { return weight > 0.0 && std::isfinite(weight); };
+  return (weights.empty() || weights.size() == points.size()) &&
+         std::ranges::all_of(points, isPlace) && std::ranges::all_of(weights, isWeight);
+}
+
+inline std::vector<double> weightsOrOnes(const std::vector<Point3DDouble>& points,
+                                         const std::vector<double>& weights) {
+  return weights.empty() ? std::vector<double>(points.size(), 1.0) : weights;
+}
+
+inline std::vector<HomogeneousPoint> weighted(const std::vector<Point3DDouble>& points,
+                                              const std::vector<double>& weights) {
+  std::vector<HomogeneousPoint> result;
+  result.reserve(points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) result.emplace_back(points[i], weights[i]);
+  return result;
+}
+
+}  // namespace ControlPoints
+
+}  // namespace tarn
