@@ -42,6 +42,7 @@
 #include "nodes/surfaces/TarnOIShapeEdgeSeparator.h"
 #include "nodes/surfaces/TarnOIShapeVertexSeparator.h"
 #include "nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h"
+#include "nodes/surfaces/TarnOISurfaceSeparator.h"
 
 #include <array>
 #include <ranges>
@@ -110,6 +111,8 @@ constexpr std::array table = {
                                "the model's axes as a cross with letters"),
     entry<TarnOIGroundPlaneSeparator>("TarnOIGroundPlaneSeparator", "TarnOISeparator",
                                       "a translucent rectangle under the project"),
+    entry<TarnOISurfaceSeparator>("TarnOISurfaceSeparator", "TarnOISeparator",
+                                  "a surface group: triangles between points of the model"),
     entry<TarnOINurbsSurfaceSeparator>("TarnOINurbsSurfaceSeparator", "TarnOISeparator",
                                        "a tessellated smooth surface with its textures"),
     entry<TarnOICylinderSeparator>("TarnOICylinderSeparator", "TarnOINurbsSurfaceSeparator",

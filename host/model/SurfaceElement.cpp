@@ -2,7 +2,7 @@
 
 namespace tarn {
 
-VClass SurfaceElementCls("SurfaceElement", &TriangleCls,
+VClass SurfaceElementCls("SurfaceElement", &FeatureCls,
                          []() -> VObject* { return new SurfaceElement; });
 
 }  // namespace tarn

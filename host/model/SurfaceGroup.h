@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/TarnOIHostExport.h"
+#include "host/classes/CollectionIndex.h"
 #include "host/classes/VOrdCollect.h"
 #include "host/model/Surface.h"
 #include "host/model/SurfaceElement.h"
@@ -26,16 +27,16 @@ public:
   SurfaceGroup& operator=(const SurfaceGroup&) = delete;
 
   /// The triangles, of class SurfaceElement, in the order they were added. `selection` is for
-  /// hosts that tell apart elements in use and others.
+  /// hosts that tell apart elements in use and others; such a host answers GetVertices too.
   virtual VOrdCollect* GetSelsCollection(int selection);
-  /// The distinct points of the triangles in the order of their first use: a new collection that
-  /// the caller deletes. Linear. `project`, which may be null, is for hosts that keep the points.
+  /// The distinct points of the triangles that were added, in the order of their first use: a new
+  /// collection that the caller deletes. `project`, which may be null, is for hosts that keep the
+  /// points.
   virtual VOrdCollect* GetVertices(Project* project);
   /// The name, its layer's, under which the group's normals are kept; null where it has none.
   virtual ObjectName* GetNameObject() const { return _nameObject; }
-  VOrdCollect* GetTriangles() override { return GetSelsCollection(0); }
 
-  /// Adds a triangle; the reference stays valid. The points are not owned.
+  /// Adds a triangle; the reference stays valid. The points are not owned, and may be null.
   SurfaceElement& AddElement(ThreeDPoint* first, ThreeDPoint* second, ThreeDPoint* third);
   /// Not owned; null for none.
   void SetNameObject(ObjectName* name) { _nameObject = name; }
@@ -45,6 +46,8 @@ public:
 private:
   std::deque<SurfaceElement> _elements;
   VOrdCollect _allElements;
+  VOrdCollect _vertices;
+  CollectionIndex _vertexIndex{_vertices};
   ObjectName* _nameObject = nullptr;
 };
 

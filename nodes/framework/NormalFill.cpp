@@ -21,12 +21,12 @@ void NormalFill::finish() {
   node.vector.enableDeleteValues();
 }
 
-void NormalFill::makeRoomInCopy(SoNormal& copy, int coordinates) {
-  const int count = copy.vector.getNum();
+void NormalFill::makeRoomFor(SoNormal& node, int coordinates) {
+  const int count = node.vector.getNum();
   if (count == 0 || count >= coordinates) return;
-  NormalFill fill(copy, coordinates);
+  NormalFill fill(node, coordinates);
   fill.makeRoom(0);
-  std::copy_n(copy.vector.getValues(0), count, fill.vectors.get());
+  std::copy_n(node.vector.getValues(0), count, fill.vectors.get());
   fill.count = count;
   fill.finish();
 }

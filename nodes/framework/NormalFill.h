@@ -26,9 +26,10 @@ public:
     count = index + 1;
   }
 
-  /// Gives the vectors of a node that Coin has copied the room again that Coin's own drawing
-  /// needs and its copy leaves out: for all coordinates, also where the list ends before.
-  static void makeRoomInCopy(SoNormal& copy, int coordinates);
+  /// Gives the vectors of a node the room that Coin's own drawing needs, for all coordinates, also
+  /// where the list ends before: a copy made by Coin has none, nor has a node whose coordinates
+  /// have become more.
+  static void makeRoomFor(SoNormal& node, int coordinates);
 
   /// Hands the vectors to the node, which signals once; a node that gets none stays as it is.
   void finish();

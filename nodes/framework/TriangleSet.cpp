@@ -26,8 +26,8 @@ void TriangleSet::completeCopy(SoGroup& copy) {
     const SoNode* const back = copy.getChild(i);
     if (!front->isOfType(SoNormal::getClassTypeId())) continue;
     if (!back->isOfType(SoCoordinate3::getClassTypeId())) continue;
-    NormalFill::makeRoomInCopy(static_cast<SoNormal&>(*front),
-                               static_cast<const SoCoordinate3&>(*back).point.getNum());
+    NormalFill::makeRoomFor(static_cast<SoNormal&>(*front),
+                            static_cast<const SoCoordinate3&>(*back).point.getNum());
   }
 }
 

@@ -69,7 +69,7 @@ TEST_F(NormalFillTest, ACopyGetsTheRoomAgainThatCoinReads) {
   fill.set(1, {1, 2, 3});
   fill.finish();
   node = NodeRef(static_cast<SoNormal*>(node->copy()));
-  NormalFill::makeRoomInCopy(*node, coordinates);
+  NormalFill::makeRoomFor(*node, coordinates);
   EXPECT_THAT(vectors(), ElementsAre(SbVec3f(0, 0, 0), SbVec3f(1, 3, -2)));
   EXPECT_EQ(node->vector.getValues(0)[coordinates - 1], SbVec3f(0, 0, 0));
   EXPECT_TRUE(node->vector.isNotifyEnabled());
@@ -81,10 +81,10 @@ TEST_F(NormalFillTest, ACopyThatLacksNoneKeepsItsMemory) {
   fill.set(1, {4, 5, 6});
   fill.finish();
   const SbVec3f* memory = node->vector.getValues(0);
-  NormalFill::makeRoomInCopy(*node, 2);
+  NormalFill::makeRoomFor(*node, 2);
   EXPECT_EQ(node->vector.getValues(0), memory);
   const auto empty = makeNode<SoNormal>();
-  NormalFill::makeRoomInCopy(*empty, 2);
+  NormalFill::makeRoomFor(*empty, 2);
   EXPECT_EQ(empty->vector.getNum(), 0);
   EXPECT_TRUE(empty->vector.isDefault());
 }

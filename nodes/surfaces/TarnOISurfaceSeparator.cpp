@@ -1,0 +1,252 @@
+#include "nodes/surfaces/TarnOISurfaceSeparator.h"
+
+#include <Inventor/nodes/SoCoordinate3.h>
+#include <Inventor/nodes/SoIndexedFaceSet.h>
+#include <Inventor/nodes/SoShapeHints.h>
+#include <Inventor/nodes/SoTextureCoordinate2.h>
+
+#include "host/classes/CollectionIndex.h"
+#include "host/classes/VDictionary.h"
+#include "host/model/Material.h"
+#include "host/model/ObjectName.h"
+#include "host/model/Photograph.h"
+#include "host/model/Project.h"
+#include "host/model/SurfaceGroup.h"
+#include "nodes/framework/ChildNodes.h"
+#include "nodes/framework/FieldFill.h"
+#include "nodes/framework/NormalFill.h"
+#include "nodes/framework/OneNotification.h"
+#include "nodes/framework/TarnOIAssert.h"
+#include "nodes/framework/ViewerFrame.h"
+#include "nodes/surfaces/SurfaceVertexKey.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+TARNOI_NODE_SOURCE(TarnOISurfaceSeparator, TarnOISeparator);
+TARNOI_SEPARATOR_INIT_CLASS(TarnOISurfaceSeparator);
+
+namespace {
+
+constexpr const char* sourceFile = "TarnOISurfaceSeparator";
+
+using Vertices = std::unique_ptr<tarn::VOrdCollect>;
+
+// The photograph for the whole group; null where its material is not textured.
+tarn::Photograph* bestPhotoOf(tarn::SurfaceGroup& group, tarn::Project* project) {
+  const tarn::Material* material = group.GetMaterial();
+  if (!material) material = tarn::Material::gDefault;
+  if (material->GetDiffuseType() != tarn::Material::ePhotoTexture) return nullptr;
+  const tarn::VOrdCollect* sels = group.GetSelsCollection(0);
+  if (!TARNOI_ASSERT_AT(sels, "sels", sourceFile, 127)) return nullptr;
+  const tarn::PhotoCollection* photographs = project ? project->GetPhotoCollection() : nullptr;
+  if (!photographs) return nullptr;
+  return photographs->GetBestFacePhoto(static_cast<tarn::SurfaceElement*>(sels->at(0)));
+}
+
+/// The children that a surface is written into: the last of each kind, null where there is none.
+struct MeshNodes {
+  explicit MeshNodes(const SoGroup& node) {
+    for (int i = 0; i < node.getNumChildren(); ++i) {
+      SoNode* child = node.getChild(i);
+      keepIf(child, coords);
+      keepIf(child, faceSet);
+      keepIf(child, textureCoords);
+      keepIf(child, hints);
+      keepIf(child, normals);
+    }
+  }
+
+  // Normals of before may be fewer than the vertices are now.
+  void makeRoomForNormals() const {
+    if (normals && coords) NormalFill::makeRoomFor(*normals, coords->point.getNum());
+  }
+
+  SoCoordinate3* coords = nullptr;
+  SoIndexedFaceSet* faceSet = nullptr;
+  SoTextureCoordinate2* textureCoords = nullptr;
+  SoShapeHints* hints = nullptr;
+  SoNormal* normals = nullptr;
+
+private:
+  template <typename Node>
+  static void keepIf(SoNode* child, Node*& kept) {
+    if (child->isOfType(Node::getClassTypeId())) kept = static_cast<Node*>(child);
+  }
+};
+
+void build(SoGroup& node, SoShapeHints* hints, bool textured) {
+  if (hints) node.addChild(hints);
+  if (textured) node.addChild(new SoTextureCoordinate2);
+  node.addChild(new SoCoordinate3);
+  node.addChild(new SoIndexedFaceSet);
+}
+
+void addOrDropTextureCoords(SoGroup& node, MeshNodes& mesh, bool textured) {
+  if (!textured) {
+    ChildNodes::remove(node, mesh.textureCoords);
+    mesh.textureCoords = nullptr;
+  } else if (!mesh.textureCoords && mesh.coords) {
+    mesh.textureCoords = new SoTextureCoordinate2;
+    node.insertChild(mesh.textureCoords, node.findChild(mesh.coords));
+  }
+}
+
+// The scene's position of a vertex; where it has none, that of the vertex before, which is in
+// `pos`.
+SbVec3f positionOf(const tarn::VObject* vertex, tarn::Point3DRandom& pos) {
+  const auto* tdp = static_cast<const tarn::ThreeDPoint*>(vertex);
+  TARNOI_ASSERT_AT(tdp && tdp->GetApproximation(pos), "tdp->GetApproximation( pos )", sourceFile,
+                   217);
+  return ViewerFrame::fromModel(pos.position());
+}
+
+// Values that are written by their index only: a longer field keeps those behind.
+template <typename Field>
+class IndexedWriting {
+public:
+  IndexedWriting(Field& field, int count) : fill(field, std::max(count, field.getNum())) {}
+  auto* values() const { return fill.values(); }
+
+private:
+  FieldFill<Field> fill;
+};
+
+void placeVertices(const tarn::VOrdCollect& vertices, SoCoordinate3& coords) {
+  const FieldFill points(coords.point, vertices.size());
+  SbVec3f* point = points.values();
+  tarn::Point3DRandom pos;
+  for (int i = 0; i < vertices.size(); ++i) point[i] = positionOf(vertices.at(i), pos);
+}
+
+// The same with texture coordinates of the photograph.
+void placeVertices(const tarn::VOrdCollect& vertices, SoCoordinate3& coords,
+                   tarn::Photograph& bestPhoto, SoTextureCoordinate2& textureCoords) {
+  const FieldFill points(coords.point, vertices.size());
+  const IndexedWriting placed(textureCoords.point, vertices.size());
+  SbVec3f* point = points.values();
+  SbVec2f* place = placed.values();
+  const tarn::Point2DDouble scale = bestPhoto.GetPixelToTextureNormalizedSpace();
+  tarn::Point3DRandom pos;
+  tarn::Point2DDouble pt;
+  for (int i = 0; i < vertices.size(); ++i) {
+    point[i] = positionOf(vertices.at(i), pos);
+    const auto* tdp = static_cast<const tarn::ThreeDPoint*>(vertices.at(i));
+    TARNOI_ASSERT_AT(tdp && tdp->BestProjectionOnto(&bestPhoto, pt),
+                     "tdp->BestProjectionOnto( bestPhoto, pt )", sourceFile, 226);
+    // The second counts from the other side: it is narrowed first, and then subtracted.
+    place[i].setValue(static_cast<float>(scale.x * pt.x),
+                      1.0F - static_cast<float>(scale.y * pt.y));
+  }
+}
+
+void indexTriangles(const tarn::VOrdCollect* triangles, tarn::VOrdCollect& vertices,
+                    SoIndexedFaceSet& faceSet) {
+  const tarn::CollectionIndex positions(vertices);
+  const int count = triangles ? triangles->size() : 0;
+  const FieldFill indexes(faceSet.coordIndex, 4 * count);
+  std::int32_t* index = indexes.values();
+  for (int t = 0; t < count; ++t) {
+    const auto* triangle = static_cast<const tarn::Feature*>(triangles->at(t));
+    for (int corner = 0; corner < 3; ++corner) {
+      *index++ = positions.indexOf(triangle ? triangle->GetThreeDPoint(corner) : nullptr);
+    }
+    *index++ = SO_END_FACE_INDEX;
+  }
+}
+
+}  // namespace
+
+TarnOISurfaceSeparator::TarnOISurfaceSeparator() { TARNOI_NODE_CONSTRUCTOR(); }
+
+TarnOISurfaceSeparator::TarnOISurfaceSeparator(const TarnOISurfaceSeparator& other)
+    : TarnOISurfaceSeparator() {
+  *this = other;
+}
+
+TarnOISurfaceSeparator& TarnOISurfaceSeparator::operator=(const TarnOISurfaceSeparator& other) =
+    default;
+
+TarnOISurfaceSeparator::~TarnOISurfaceSeparator() = default;
+
+void TarnOISurfaceSeparator::SetSurface(tarn::SurfaceGroup* group, tarn::VDictionary* searchDict,
+                                        tarn::Project* project, SoShapeHints* singleSidedHints,
+                                        SoShapeHints* doubleSidedHints) {
+  // A mark that this way of building should not be reached any more. Hosts reach it, and rely on
+  // the mark and on the surface.
+  TARNOI_ASSERT_AT(false, "0", sourceFile, 102);
+  SetTarnObject(group, searchDict);
+  if (!group) return;
+  const OneNotification once(*this);
+  tarn::Photograph* bestPhoto = bestPhotoOf(*group, project);
+  SoShapeHints* hints = group->IsDoubleSided() ? doubleSidedHints : singleSidedHints;
+  const bool isBuilt = getNumChildren() > 0;
+  if (!isBuilt) build(*this, hints, bestPhoto);
+
+  MeshNodes mesh(*this);
+  TARNOI_ASSERT_AT(mesh.coords && mesh.faceSet, "coords && faceSet", sourceFile, 152);
+  if (isBuilt) addOrDropTextureCoords(*this, mesh, bestPhoto);
+
+  Vertices vertices(group->GetVertices(project));
+  if (!vertices) vertices = std::make_unique<tarn::VOrdCollect>();
+  if (mesh.coords && bestPhoto && mesh.textureCoords) {
+    placeVertices(*vertices, *mesh.coords, *bestPhoto, *mesh.textureCoords);
+  } else if (mesh.coords) {
+    placeVertices(*vertices, *mesh.coords);
+  }
+  mesh.makeRoomForNormals();
+  if (mesh.faceSet) indexTriangles(group->GetSelsCollection(0), *vertices, *mesh.faceSet);
+
+  if (hints && mesh.hints && hints != mesh.hints) replaceChild(mesh.hints, hints);
+}
+
+void TarnOISurfaceSeparator::SetTexture(TarnOITexture* texture, tarn::Project* project) {
+  if (texture == this->texture.get()) return;
+  const NodeRef<TarnOITexture> next(texture);
+  ChildNodes::remove(*this, this->texture.get());
+  if (texture) insertChild(texture, 0);
+  if (project) SetSurface(group(), searchDict, project, nullptr, nullptr);
+  this->texture = next;
+}
+
+void TarnOISurfaceSeparator::AddOrUpdateNormals(tarn::VDictionary& normalsByKey,
+                                                tarn::Project* project) {
+  if (!normalNode) {
+    normalNode = makeNode<SoNormal>();
+    insertChild(normalNode.get(), 0);
+  }
+  const Vertices vertices(group() ? group()->GetVertices(project) : nullptr);
+  if (!vertices) return;
+  tarn::ObjectName* name = group()->GetNameObject();
+  SurfaceVertexKey key(name ? name : tarn::ObjectName::gDefault, nullptr);
+  std::vector<const tarn::Point3DDouble*> normals;
+  normals.reserve(static_cast<std::size_t>(vertices->size()));
+  for (int i = 0; i < vertices->size(); ++i) {
+    key.vertex = vertices->at(i);
+    normals.push_back(static_cast<const tarn::Point3DDouble*>(normalsByKey.atKey(&key)));
+    if (!normals.back()) {
+      RemoveNormals();
+      return;
+    }
+  }
+  const IndexedWriting writing(normalNode->vector, vertices->size());
+  // With the view offset subtracted, as from a position: hosts rely on it.
+  std::ranges::transform(normals, writing.values(), [](const tarn::Point3DDouble* normal) {
+    return ViewerFrame::fromModel(*normal);
+  });
+}
+
+void TarnOISurfaceSeparator::RemoveNormals() { ChildNodes::removeAndForget(*this, normalNode); }
+
+SoNode* TarnOISurfaceSeparator::copy(SbBool copyConnections) const {
+  auto* copied = static_cast<TarnOISurfaceSeparator*>(TarnOISeparator::copy(copyConnections));
+  copied->texture = texture;
+  copied->normalNode = normalNode;
+  MeshNodes(*copied).makeRoomForNormals();
+  return boundCopy(copied);
+}
+
+tarn::SurfaceGroup* TarnOISurfaceSeparator::group() const {
+  return tarnObjectAs<tarn::SurfaceGroup>(tarn::SurfaceGroupCls);
+}
