@@ -40,6 +40,7 @@
 #include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "nodes/surfaces/TarnOINurbsSurfaceSeparator.h"
 #include "nodes/surfaces/TarnOIShapeEdgeSeparator.h"
+#include "nodes/surfaces/TarnOIShapeFaceSeparator.h"
 #include "nodes/surfaces/TarnOIShapeVertexSeparator.h"
 #include "nodes/surfaces/TarnOIShapeVertexToMarkSeparator.h"
 #include "nodes/surfaces/TarnOISurfaceSeparator.h"
@@ -124,6 +125,8 @@ constexpr std::array table = {
     entry<TarnOIImportedSurfaceSeparator>("TarnOIImportedSurfaceSeparator",
                                           "TarnOINurbsSurfaceSeparator",
                                           "a surface brought in from outside"),
+    entry<TarnOIShapeFaceSeparator>("TarnOIShapeFaceSeparator", "TarnOINurbsSurfaceSeparator",
+                                    "a face of a solid, with its name flat on it"),
     entry<TarnOIShapeEdgeSeparator>("TarnOIShapeEdgeSeparator", "TarnOISeparator",
                                     "an edge of a solid, with markers of its corners"),
     entry<TarnOIShapeVertexSeparator>("TarnOIShapeVertexSeparator", "TarnOISeparator",

@@ -3,6 +3,7 @@
 #include <Inventor/SbColor.h>
 
 #include "host/general/Colour.h"
+#include "host/general/Preferences.h"
 #include "host/general/VColor.h"
 
 #include <array>
@@ -29,6 +30,12 @@ inline SbColor from(const tarn::VColor& colour) {
   return SbColor(static_cast<float>(colour.getRed() / 255.0),
                  static_cast<float>(colour.getGreen() / 255.0),
                  static_cast<float>(colour.getBlue() / 255.0));
+}
+
+/// The colour of a preference that holds a colour's index, in the section "Colors".
+inline tarn::VColor indexed(const char* key, int defaultIndex) {
+  return tarn::fIniToVColor(
+      static_cast<unsigned int>(tarn::gPref->GetPreference(key, defaultIndex, "Colors")));
 }
 
 }  // namespace SceneColor

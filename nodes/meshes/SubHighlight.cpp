@@ -3,14 +3,10 @@
 #include <Inventor/nodes/SoGroup.h>
 
 #include "host/classes/VOrdCollect.h"
-#include "host/general/Preferences.h"
 #include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/SceneColor.h"
 
-tarn::VColor SubHighlight::selectionColour() {
-  return tarn::fIniToVColor(
-      static_cast<unsigned int>(tarn::gPref->GetPreference("SelectionColor", 7, "Colors")));
-}
+tarn::VColor SubHighlight::selectionColour() { return SceneColor::indexed("SelectionColor", 7); }
 
 void SubHighlight::place(SoGroup& node, int index) {
   if (!material) material = makeNode<SoMaterial>();

@@ -67,6 +67,11 @@ TEST_F(VStringTest, IsNotEqualToAnObjectOfAnotherKindOrNull) {
   EXPECT_FALSE(text.isEqual(nullptr));
 }
 
+TEST_F(VStringTest, ResourcesSayFromWhereAShapeIsSeen) {
+  EXPECT_STREQ(VString::getResource(6398).text(), "outside");
+  EXPECT_STREQ(VString::getResource(6441).text(), "inside out");
+}
+
 TEST_F(VStringTest, AResourceIsEmptyUntilItIsSet) {
   EXPECT_TRUE(VString::getResource(987654).isEmpty());
   VString::setResource(987654, "Keine Fotos");
