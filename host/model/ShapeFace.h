@@ -6,10 +6,12 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace tarn {
 
 class Shape;
+class ShapeVertex;
 
 extern TARN_HOST_EXPORT VClass ShapeFaceCls;
 
@@ -29,6 +31,14 @@ public:
   /// Where between these points its middle stands: 0 at the first, 1 at the second.
   virtual double GetNameCenterRatio() const { return _nameCenterRatio; }
 
+  /// Fills the face with one set of triangles between corners of the shape, which are not
+  /// owned, all with the normal of the face; the sets before are dropped. The outline, which
+  /// may be concave, stands counter-clockwise seen from outside; `holes` stand either way.
+  /// The first triangle, on which the name lies, is the largest.
+  /// Returns 0, and changes nothing, where a corner is null or has no position, and where
+  /// there is nothing to fill (see PolygonTriangulation).
+  int SetOutline(const std::vector<ShapeVertex*>& outline,
+                 const std::vector<std::vector<ShapeVertex*>>& holes = {});
   void SetName(const VString& name) { _name = name; }
   void SetNameUprightVectorPoints(const Point3DDouble& first, const Point3DDouble& second) {
     _nameUprightVector = {first, second};
