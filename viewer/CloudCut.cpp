@@ -3,6 +3,7 @@
 #include <Inventor/SbViewVolume.h>
 #include <Inventor/nodes/SoCamera.h>
 
+#include "host/general/VectorProducts.h"
 #include "host/model/Project.h"
 #include "nodes/hud/TarnOIDSMCutterHUD.h"
 #include "viewer/PointSpacing.h"
@@ -16,10 +17,6 @@ namespace {
 
 using tarn::Plane3D;
 using tarn::Point3DDouble;
-
-double dot(const Point3DDouble& a, const Point3DDouble& b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 std::vector<tarn::PointMesh*> meshesOf(const tarn::Project& project) {
   std::vector<tarn::PointMesh*> meshes;

@@ -1,5 +1,6 @@
 #include "host/model/PhotoCollection.h"
 
+#include "host/general/VectorProducts.h"
 #include "host/model/Camera.h"
 #include "host/model/CameraStation.h"
 #include "host/model/SurfaceElement.h"
@@ -17,14 +18,6 @@ VClass PhotoCollectionCls("PhotoCollection", &VObjectCls,
 namespace {
 
 using Corners = std::array<Point3DDouble, 3>;
-
-Point3DDouble cross(const Point3DDouble& a, const Point3DDouble& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-double dot(const Point3DDouble& a, const Point3DDouble& b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 // The part of the picture that the triangle covers; 0 where it is not seen as a whole.
 double coveredPart(const CameraStation& station, const Corners& corners) {

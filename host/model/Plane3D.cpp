@@ -1,5 +1,7 @@
 #include "host/model/Plane3D.h"
 
+#include "host/general/VectorProducts.h"
+
 #include <cmath>
 
 namespace tarn {
@@ -7,14 +9,6 @@ namespace tarn {
 VClass Plane3DCls("Plane3D", &VObjectCls, []() -> VObject* { return new Plane3D; });
 
 namespace {
-
-Point3DDouble cross(const Point3DDouble& a, const Point3DDouble& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-double dot(const Point3DDouble& a, const Point3DDouble& b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 // To length 1, first by the largest component: squares must not leave the range of double.
 bool normalise(Point3DDouble& vector) {

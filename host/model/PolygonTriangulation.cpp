@@ -2,6 +2,8 @@
 
 #include <GL/glu.h>
 
+#include "host/general/VectorProducts.h"
+
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -10,14 +12,6 @@
 namespace tarn {
 
 namespace {
-
-Point3DDouble cross(const Point3DDouble& a, const Point3DDouble& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-double dot(const Point3DDouble& a, const Point3DDouble& b) {
-  return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 // Along the contour's normal, as long as twice its area.
 Point3DDouble doubledArea(const PolygonTriangulation::Contour& contour) {

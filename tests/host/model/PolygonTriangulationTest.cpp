@@ -1,5 +1,6 @@
 #include "host/model/PolygonTriangulation.h"
 
+#include "host/general/VectorProducts.h"
 #include "tests/support/TarnTest.h"
 
 #include <cmath>
@@ -24,9 +25,7 @@ protected:
     const auto& a = corners.at(static_cast<std::size_t>(triangle[0]));
     const Point3DDouble b = corners.at(static_cast<std::size_t>(triangle[1])) - a;
     const Point3DDouble c = corners.at(static_cast<std::size_t>(triangle[2])) - a;
-    const Point3DDouble& n = result.normal;
-    return 0.5 * (n.x * (b.y * c.z - b.z * c.y) + n.y * (b.z * c.x - b.x * c.z) +
-                  n.z * (b.x * c.y - b.y * c.x));
+    return 0.5 * dot(result.normal, cross(b, c));
   }
   double area() const {
     double sum = 0.0;
