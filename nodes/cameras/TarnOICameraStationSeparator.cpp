@@ -73,22 +73,7 @@ TarnOICameraStationSeparator::TarnOICameraStationSeparator(
 }
 
 TarnOICameraStationSeparator& TarnOICameraStationSeparator::operator=(
-    const TarnOICameraStationSeparator& other) {
-  TarnOISeparator::operator=(other);
-  scaleNode = other.scaleNode;
-  showImagePlane = other.showImagePlane;
-  showSymbolWithImage = other.showSymbolWithImage;
-  labelText = other.labelText;
-  labelTranslation = other.labelTranslation;
-  frustumSwitch = other.frustumSwitch;
-  frustumCoords = other.frustumCoords;
-  frustumLines = other.frustumLines;
-  frustumScale = other.frustumScale;
-  frustumOnlyWhenSelected = other.frustumOnlyWhenSelected;
-  isSelectedFlag = other.isSelectedFlag;
-  frustumWhichChild = other.frustumWhichChild;
-  return *this;
-}
+    const TarnOICameraStationSeparator& other) = default;
 
 TarnOICameraStationSeparator::~TarnOICameraStationSeparator() = default;
 

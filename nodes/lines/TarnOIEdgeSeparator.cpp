@@ -32,12 +32,7 @@ TarnOIEdgeSeparator::TarnOIEdgeSeparator(const TarnOIEdgeSeparator& other) : Tar
   *this = other;
 }
 
-TarnOIEdgeSeparator& TarnOIEdgeSeparator::operator=(const TarnOIEdgeSeparator& other) {
-  TarnOISeparator::operator=(other);
-  edgeExtensionPos = other.edgeExtensionPos;
-  edgeExtensionSet = other.edgeExtensionSet;
-  return *this;
-}
+TarnOIEdgeSeparator& TarnOIEdgeSeparator::operator=(const TarnOIEdgeSeparator& other) = default;
 
 TarnOIEdgeSeparator::~TarnOIEdgeSeparator() = default;
 

@@ -39,12 +39,7 @@ TarnOILineSeparator::TarnOILineSeparator(const TarnOILineSeparator& other) : Tar
   *this = other;
 }
 
-TarnOILineSeparator& TarnOILineSeparator::operator=(const TarnOILineSeparator& other) {
-  TarnOISeparator::operator=(other);
-  lineExtensionPos = other.lineExtensionPos;
-  lineExtensionSet = other.lineExtensionSet;
-  return *this;
-}
+TarnOILineSeparator& TarnOILineSeparator::operator=(const TarnOILineSeparator& other) = default;
 
 TarnOILineSeparator::~TarnOILineSeparator() = default;
 

@@ -25,13 +25,8 @@ TarnOIContourSeparator::TarnOIContourSeparator(const TarnOIContourSeparator& oth
   *this = other;
 }
 
-TarnOIContourSeparator& TarnOIContourSeparator::operator=(const TarnOIContourSeparator& other) {
-  TarnOISeparator::operator=(other);
-  fixedMaterial = other.fixedMaterial;
-  coordinates = other.coordinates;
-  subHighlight = other.subHighlight;
-  return *this;
-}
+TarnOIContourSeparator& TarnOIContourSeparator::operator=(const TarnOIContourSeparator& other) =
+    default;
 
 TarnOIContourSeparator::~TarnOIContourSeparator() = default;
 

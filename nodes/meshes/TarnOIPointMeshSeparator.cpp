@@ -48,21 +48,7 @@ TarnOIPointMeshSeparator::TarnOIPointMeshSeparator(const TarnOIPointMeshSeparato
 }
 
 TarnOIPointMeshSeparator& TarnOIPointMeshSeparator::operator=(
-    const TarnOIPointMeshSeparator& other) {
-  TarnOISeparator::operator=(other);
-  pointPos = other.pointPos;
-  faceSet = other.faceSet;
-  colorMaterial = other.colorMaterial;
-  colorBinding = other.colorBinding;
-  localTransform = other.localTransform;
-  doNotUseLocalTransform = other.doNotUseLocalTransform;
-  triangleLookups = other.triangleLookups;
-  highlightOn = other.highlightOn;
-  subHighlightColor = other.subHighlightColor;
-  subHighlight = other.subHighlight;
-  contourSeparator = other.contourSeparator;
-  return *this;
-}
+    const TarnOIPointMeshSeparator& other) = default;
 
 TarnOIPointMeshSeparator::~TarnOIPointMeshSeparator() = default;
 

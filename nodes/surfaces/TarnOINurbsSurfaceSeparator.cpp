@@ -93,13 +93,7 @@ TarnOINurbsSurfaceSeparator::TarnOINurbsSurfaceSeparator(const TarnOINurbsSurfac
 }
 
 TarnOINurbsSurfaceSeparator& TarnOINurbsSurfaceSeparator::operator=(
-    const TarnOINurbsSurfaceSeparator& other) {
-  TarnOISeparator::operator=(other);
-  faceSet = other.faceSet;
-  shapeHints = other.shapeHints;
-  neutralMaterial = other.neutralMaterial;
-  return *this;
-}
+    const TarnOINurbsSurfaceSeparator& other) = default;
 
 TarnOINurbsSurfaceSeparator::~TarnOINurbsSurfaceSeparator() = default;
 
