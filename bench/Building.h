@@ -29,4 +29,21 @@ Measure building(std::string name, std::shared_ptr<Objects> objects) {
           .figure = {}};
 }
 
+/// The time of a step, each time after `before`, which does not count.
+template <typename Object>
+Measure timeAfter(std::string name, std::shared_ptr<Object> object, void (Object::*before)(),
+                  void (Object::*step)()) {
+  return {.name = std::move(name),
+          .time =
+              [=](benchmark::State& state) {
+                for ([[maybe_unused]] auto _ : state) {
+                  state.PauseTiming();
+                  (object.get()->*before)();
+                  state.ResumeTiming();
+                  (object.get()->*step)();
+                }
+              },
+          .figure = {}};
+}
+
 }  // namespace bench

@@ -2,13 +2,13 @@
 
 #include "bench/PlainRamp.h"
 #include "host/general/Colour.h"
-#include "host/general/ThreeDViewOffset.h"
 #include "host/model/ThreeDPoint.h"
 #include "host/model/Triangle.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 
 namespace bench {
 
@@ -96,31 +96,18 @@ void plainSelection(unsigned char* const* bytes, int count, const std::vector<in
   }
 }
 
-void PlainFaces::fill(const tarn::VOrdCollect& triangles) {
-  const auto count = static_cast<std::size_t>(triangles.size());
-  positions.resize(9 * count);
-  normals.resize(9 * count);
-  indexes.resize(4 * count);
-  const tarn::Point3DDouble offset = tarn::gThreeDViewOffset;
-  float* position = positions.data();
-  float* direction = normals.data();
-  std::int32_t* index = indexes.data();
-  for (int t = 0; t < triangles.size(); ++t) {
-    const auto* triangle = static_cast<const tarn::Triangle*>(triangles.at(t));
-    for (int k = 0; k < 3; ++k, position += 3, direction += 3) {
-      tarn::Point3DDouble point;
-      triangle->GetPoint(k)->GetApproximationNoLocalAffine(point);
-      position[0] = static_cast<float>(point.x - offset.x);
-      position[1] = static_cast<float>(point.z - offset.z);
-      position[2] = static_cast<float>(-(point.y - offset.y));
-      if (const tarn::Point3DDouble* normal = triangle->GetNormal(k)) {
-        direction[0] = static_cast<float>(normal->x);
-        direction[1] = static_cast<float>(normal->z);
-        direction[2] = static_cast<float>(-normal->y);
-      }
-      *index++ = 3 * t + k;
-    }
-    *index++ = -1;
+void expectSame(const SoMFVec3f& field, const std::vector<float>& plain) {
+  const float* values = field.getNum() > 0 ? field.getValues(0)->getValue() : nullptr;
+  if (!std::equal(plain.begin(), plain.end(), values,
+                  values + 3 * static_cast<std::ptrdiff_t>(field.getNum()))) {
+    throw std::runtime_error("the node and the plain loop computed different triples");
+  }
+}
+
+void expectSame(const SoMFInt32& field, const std::vector<std::int32_t>& plain) {
+  const std::int32_t* values = field.getValues(0);
+  if (!std::equal(plain.begin(), plain.end(), values, values + field.getNum())) {
+    throw std::runtime_error("the node and the plain loop computed different indexes");
   }
 }
 

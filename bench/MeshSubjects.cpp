@@ -5,6 +5,7 @@
 #include <Inventor/nodes/SoNormal.h>
 #include <Inventor/nodes/SoShapeHints.h>
 
+#include "bench/Building.h"
 #include "bench/DenseFloors.h"
 #include "bench/MeshNodes.h"
 #include "bench/Subject.h"
@@ -39,29 +40,23 @@ public:
     node->SetTarnObject(&model->mesh, &model->nodes);
   }
   void build() { node->SetTriMeshData(&model->mesh); }
-  void plainBuild() { floor.fill(*model->mesh.GetTriangles()); }
+  void plainBuild() {
+    floor.fill(*model->mesh.GetTriangles(), [](const tarn::ThreeDPoint& point, auto& position) {
+      point.GetApproximationNoLocalAffine(position);
+    });
+  }
 
   // The times of both say nothing unless both compute the same.
   void compare() {
     renew();
     build();
     plainBuild();
-    same(bench::childOf<SoCoordinate3>(*node)->point, floor.positions.data());
-    same(bench::childOf<SoNormal>(*node)->vector, floor.normals.data());
-    const SoMFInt32& corners = bench::childOf<SoIndexedFaceSet>(*node)->coordIndex;
-    check(std::equal(floor.indexes.begin(), floor.indexes.end(), corners.getValues(0),
-                     corners.getValues(0) + corners.getNum()));
+    bench::expectSame(bench::childOf<SoCoordinate3>(*node)->point, floor.positions);
+    bench::expectSame(bench::childOf<SoNormal>(*node)->vector, floor.normals);
+    bench::expectSame(bench::childOf<SoIndexedFaceSet>(*node)->coordIndex, floor.indexes);
   }
 
 private:
-  static void check(bool holds) {
-    if (!holds) throw std::runtime_error("the node and the plain loop built different meshes");
-  }
-  static void same(const SoMFVec3f& field, const float* plain) {
-    const float* values = field.getValues(0)->getValue();
-    check(std::equal(values, values + 3 * static_cast<std::ptrdiff_t>(field.getNum()), plain));
-  }
-
   std::unique_ptr<MeshProject> model;
   NodeRef<OpenMeshNode> node;
   bench::PlainFaces floor;
@@ -129,30 +124,13 @@ private:
   NodeRef<OpenMeshNode> node;
 };
 
-// The time of a step, each time after `before`, which does not count.
-template <typename Object>
-bench::Measure timeAfter(std::string name, const std::shared_ptr<Object>& object,
-                         void (Object::*before)(), void (Object::*step)()) {
-  return {.name = std::move(name),
-          .time =
-              [=](benchmark::State& state) {
-                for ([[maybe_unused]] auto _ : state) {
-                  state.PauseTiming();
-                  (object.get()->*before)();
-                  state.ResumeTiming();
-                  (object.get()->*step)();
-                }
-              },
-          .figure = {}};
-}
-
 const bench::Subject build("mesh-build", "building a mesh of triangles", [] {
   const auto mesh = std::make_shared<Mesh>(1'000'000);
   mesh->compare();
   return std::vector<bench::Row>{
       {.work = "build",
        .size = million,
-       .ours = timeAfter("ours", mesh, &Mesh::renew, &Mesh::build),
+       .ours = bench::timeAfter("ours", mesh, &Mesh::renew, &Mesh::build),
        .against = bench::timeOf("plain loop", [mesh] { mesh->plainBuild(); }),
        .target = 1.4},
       {.work = "build again",
@@ -167,11 +145,12 @@ const bench::Subject parts(
       const auto whole = std::make_shared<TexturedSurface>(1'000'000);
       const auto half = std::make_shared<TexturedSurface>(500'000);
       const auto row = [&](std::string work, std::string size, void (TexturedSurface::*step)()) {
-        return bench::Row{.work = std::move(work),
-                          .size = std::move(size),
-                          .ours = timeAfter("ours", whole, &TexturedSurface::build, step),
-                          .against = timeAfter("half of both", half, &TexturedSurface::build, step),
-                          .target = 2.3};
+        return bench::Row{
+            .work = std::move(work),
+            .size = std::move(size),
+            .ours = bench::timeAfter("ours", whole, &TexturedSurface::build, step),
+            .against = bench::timeAfter("half of both", half, &TexturedSurface::build, step),
+            .target = 2.3};
       };
       const std::string tenth = std::string("100,000 of ") + million;
       return std::vector<bench::Row>{

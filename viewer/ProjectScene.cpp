@@ -208,6 +208,7 @@ void ProjectScene::setColor(std::optional<CommandLine::Color> color) {
 
 std::vector<std::string> ProjectScene::notes() const {
   std::vector<std::string> all = meshes->notes();
+  if (contours) all.insert(all.end(), contours->notes().begin(), contours->notes().end());
   if (showsGroundPlane() && !viewFraming.isZUp()) {
     all.push_back(
         "the ground plane lies along X and Y, and by its cameras the project stands upright about "

@@ -48,7 +48,7 @@ TEST_F(PlyReaderDataTest, TheCloudOfBrightonHasItsExtents) {
   Point3DDouble low;
   Point3DDouble high;
   ASSERT_TRUE(read("brighton/cloud.ply").GetBoundingBox(low, high, nullptr, 0));
-  // Taken from the file by another program.
+  // The least and the greatest of the file's own numbers.
   EXPECT_LT((low - Point3DDouble(61.97, 14.06, 156.06)).length(), 1e-5);
   EXPECT_LT((high - Point3DDouble(168.25, 111.70, 168.92)).length(), 1e-5);
 }

@@ -18,21 +18,27 @@
 #include <cmath>
 #include <sstream>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace {
 
-void computeContours(tarn::PointMesh& mesh, const std::vector<double>& levels) {
+// Returns what the user has to know about them; empty where there is nothing.
+std::string computeContours(tarn::PointMesh& mesh, const std::vector<double>& levels) {
   mesh.ClearContours();
   if (mesh.GetNumTriangles() > 0) {
     tarn::HeightContours::addTo(mesh, levels);
-    return;
+    return {};
   }
   // Lines through every point of a dense cloud are as rough as its noise.
   tarn::PlanTriangulation::Options options;
-  options.mostPoints = 250'000;
+  options.mostPoints = ContourLayer::mostPlaces;
   const tarn::PlanTriangulation plan = tarn::PlanTriangulation::of(mesh, options);
   tarn::HeightContours::addTo(mesh, plan.triangles, levels);
+  if (plan.usedPoints == plan.places) return {};
+  return "the contours of \"" + mesh.GetName().str() + "\" go by " +
+         std::to_string(plan.usedPoints) + " of its " + std::to_string(plan.places) +
+         " places in plan, evenly thinned";
 }
 
 }  // namespace
@@ -75,7 +81,9 @@ ContourLayer::ContourLayer(tarn::Project& project, double spacing, double lift,
               << (high.z - low.z) / mostLevels << " or more is needed";
       throw std::runtime_error(message.str());
     }
-    computeContours(mesh, tarn::HeightLevels::bySpacing(low.z, high.z, spacing));
+    const std::string note =
+        computeContours(mesh, tarn::HeightLevels::bySpacing(low.z, high.z, spacing));
+    if (!note.empty()) contourNotes.push_back(note);
     add(mesh, spacing);
     progress.at(static_cast<double>(i + 1) / meshes.size());
   }

@@ -2,6 +2,9 @@
 
 #include "viewer/layers/SceneLayer.h"
 
+#include <string>
+#include <vector>
+
 class SoSeparator;
 
 namespace tarn {
@@ -22,10 +25,16 @@ public:
   ~ContourLayer();
 
   static constexpr int mostLevels = 2000;
+  /// A cloud of more places in plan is thinned to so many or fewer.
+  static constexpr int mostPlaces = 250'000;
+
+  /// Which clouds were thinned, a line each.
+  const std::vector<std::string>& notes() const { return contourNotes; }
 
 private:
   void add(tarn::PointMesh& mesh, double spacing);
 
   SoSeparator* thin;
   SoSeparator* wide;
+  std::vector<std::string> contourNotes;
 };

@@ -108,6 +108,28 @@ TEST_F(ContourLayerTest, CloudWithoutTrianglesIsTriangulatedInPlan) {
   }
 }
 
+TEST_F(ContourLayerTest, CloudThatIsThinnedIsNamed) {
+  constexpr int side = 501;
+  tarn::PointMesh& cloud = project.AddPointMesh();
+  cloud.SetName("dense");
+  cloud.Allocate(side * side, 0);
+  for (int i = 0; i < side * side; ++i) {
+    float* point = cloud.GetPoints()[i];
+    point[0] = static_cast<float>(i % side);
+    point[1] = static_cast<float>(i / side);
+    point[2] = 0.01F * static_cast<float>(i % side);
+  }
+  EXPECT_THAT(show(1.0)->notes(),
+              ::testing::ElementsAre("the contours of \"dense\" go by 125501 of its 251001 places "
+                                     "in plan, evenly thinned"));
+}
+
+TEST_F(ContourLayerTest, CloudThatIsUsedWholeIsNotNamed) {
+  addRamp(10.05F, false);
+  addRamp(11.0F, true);
+  EXPECT_TRUE(show(0.25)->notes().empty());
+}
+
 TEST_F(ContourLayerTest, LinesAreDrawnAboveTheirHeights) {
   addRamp(10.05F, true);
   const auto layer = show(0.25);
