@@ -11,14 +11,14 @@ CollectionIndex::CollectionIndex(VOrdCollect& collection) : _collection(collecti
 }
 
 int CollectionIndex::add(VObject* object) {
-  if (!object || indexOf(object) != -1) return 0;
+  if (!object) return -1;
+  int& entry = _positions[placeOf(object)];
+  if (entry != 0) return entry - 1;
   _collection.add(object);
-  if (2 * static_cast<std::size_t>(_collection.size()) > _positions.size()) {
-    grow(2 * _positions.size());
-  } else {
-    enter(_collection.size() - 1);
-  }
-  return 1;
+  entry = _collection.size();
+  const int position = entry - 1;
+  if (2 * static_cast<std::size_t>(entry) > _positions.size()) grow(2 * _positions.size());
+  return position;
 }
 
 void CollectionIndex::grow(std::size_t places) {

@@ -6,7 +6,9 @@
 #include "host/model/Surface.h"
 #include "host/model/SurfaceElement.h"
 
+#include <array>
 #include <deque>
+#include <vector>
 
 namespace tarn {
 
@@ -22,6 +24,8 @@ extern TARN_HOST_EXPORT VClass SurfaceGroupCls;
 ///     group.AddElement(&c, &b, &d);
 class TARN_HOST_EXPORT SurfaceGroup : public Surface {
 public:
+  using Corners = std::array<int, 3>;
+
   SurfaceGroup() = default;
   SurfaceGroup(const SurfaceGroup&) = delete;
   SurfaceGroup& operator=(const SurfaceGroup&) = delete;
@@ -33,6 +37,10 @@ public:
   /// collection that the caller deletes. `project`, which may be null, is for hosts that keep the
   /// points.
   virtual VOrdCollect* GetVertices(Project* project);
+  /// The positions of each triangle's points among GetVertices, -1 for one that is missing: what
+  /// has else to be looked up for every corner. Null for classes that derive from this one, for
+  /// they may answer the two above in their own way.
+  const std::vector<Corners>* cornerPositions() const;
   /// The name, its layer's, under which the group's normals are kept; null where it has none.
   virtual ObjectName* GetNameObject() const { return _nameObject; }
 
@@ -48,6 +56,7 @@ private:
   VOrdCollect _allElements;
   VOrdCollect _vertices;
   CollectionIndex _vertexIndex{_vertices};
+  std::vector<Corners> _cornerPositions;
   ObjectName* _nameObject = nullptr;
 };
 

@@ -43,10 +43,10 @@ TEST_F(CollectionIndexTest, FindsTheFirstOfSeveralAndNoNull) {
 
 TEST_F(CollectionIndexTest, AddsAnObjectOnce) {
   CollectionIndex index(collection);
-  EXPECT_TRUE(index.add(&objects[0]));
-  EXPECT_TRUE(index.add(&objects[1]));
-  EXPECT_FALSE(index.add(&objects[0]));
-  EXPECT_FALSE(index.add(nullptr));
+  EXPECT_EQ(index.add(&objects[0]), 0);
+  EXPECT_EQ(index.add(&objects[1]), 1);
+  EXPECT_EQ(index.add(&objects[0]), 0);
+  EXPECT_EQ(index.add(nullptr), -1);
   ASSERT_EQ(collection.size(), 2);
   EXPECT_EQ(collection.at(0), &objects[0]);
   EXPECT_EQ(collection.at(1), &objects[1]);
@@ -56,15 +56,16 @@ TEST_F(CollectionIndexTest, AddsAnObjectOnce) {
 TEST_F(CollectionIndexTest, AddsToWhatWasThere) {
   collection.add(&objects[1]);
   CollectionIndex index(collection);
-  EXPECT_FALSE(index.add(&objects[1]));
-  EXPECT_TRUE(index.add(&objects[0]));
+  EXPECT_EQ(index.add(&objects[1]), 0);
+  EXPECT_EQ(index.add(&objects[0]), 1);
   EXPECT_EQ(index.indexOf(&objects[0]), 1);
 }
 
 TEST_F(CollectionIndexTest, FindsEachOfManyWhileItGrows) {
   std::deque<tarn::VObject> many(100000);
   CollectionIndex index(collection);
-  for (tarn::VObject& object : many) ASSERT_TRUE(index.add(&object));
+  int count = 0;
+  for (tarn::VObject& object : many) ASSERT_EQ(index.add(&object), count++);
   tarn::VObject other;
   EXPECT_EQ(index.indexOf(&other), -1);
   const CollectionIndex read(collection);

@@ -100,6 +100,21 @@ TEST_F(SurfaceGroupTest, TheVerticesAreANewCollectionEachTime) {
   EXPECT_EQ(second->size(), 4);
 }
 
+TEST_F(SurfaceGroupTest, KnowsThePositionsOfTheCornersAmongItsVertices) {
+  group.AddElement(&c, &a, &b);
+  group.AddElement(&b, nullptr, &d);
+  using Corners = SurfaceGroup::Corners;
+  ASSERT_NE(group.cornerPositions(), nullptr);
+  EXPECT_THAT(*group.cornerPositions(), ElementsAre(Corners{0, 1, 2}, Corners{2, -1, 3}));
+}
+
+TEST_F(SurfaceGroupTest, AClassThatDerivesFromItMayAnswerOtherwise) {
+  struct Derived : SurfaceGroup {
+  } derived;
+  derived.AddElement(&a, &b, &c);
+  EXPECT_EQ(derived.cornerPositions(), nullptr);
+}
+
 TEST_F(SurfaceGroupTest, GivesItsName) {
   tarn::ObjectName wall("wall");
   group.SetNameObject(&wall);

@@ -182,6 +182,26 @@ TEST_F(TarnOISurfaceSeparatorTest, AVertexThatIsListedTwiceIsFoundAtItsFirstPlac
   EXPECT_THAT(indexes(), ElementsAre(1, 3, 0, -1));
 }
 
+// What the group knows of its triangles is not asked then.
+TEST_F(TarnOISurfaceSeparatorTest, ATriangleThatTheHostListedItselfIsShownToo) {
+  addTriangle(0, 1, 2);
+  tarn::SurfaceElement more(points[2], points[3], points[0]);
+  group.GetSelsCollection(0)->add(&more);
+  set();
+  EXPECT_THAT(indexes(), ElementsAre(0, 1, 2, -1, 2, -1, 0, -1));
+}
+
+TEST_F(TarnOISurfaceSeparatorTest, AGroupOfTheHostsOwnClassIsShownAlike) {
+  addQuadrangle();
+  addTriangle(3, 1, 2);
+  set();
+  const std::vector<std::int32_t> expected = indexes();
+  hostGroup({0, 1, 3, 2});
+  setHost();
+  takeAssertions();
+  EXPECT_EQ(indexes(), expected);
+}
+
 TEST_F(TarnOISurfaceSeparatorTest, AGroupThatAnswersNothingHasEmptyNodes) {
   setHost();
   EXPECT_THAT(takeAssertions(), ElementsAre(mark()));
@@ -856,9 +876,16 @@ TEST_F(TarnOISurfaceSeparatorTest, ALargeGroupFindsEachOfItsVertices) {
     group.AddElement(grid[k].get(), grid[k + 1].get(), grid[k + side].get());
   }
   set();
+  const std::vector<std::int32_t> known = indexes();
+  ofHost.triangles = group.GetSelsCollection(0);
+  const std::unique_ptr<tarn::VOrdCollect> listedVertices(group.GetVertices(&project));
+  ofHost.vertices = listedVertices.get();
+  setHost();
+  takeAssertions();
   const std::vector<SbVec3f> vertices = shownVertices();
   const std::vector<std::int32_t> index = indexes();
   ASSERT_EQ(index.size(), 4 * corners.size());
+  EXPECT_EQ(index, known) << "looked up, and as the group knows them";
   for (std::size_t t = 0; t < corners.size(); ++t) {
     for (std::size_t k = 0; k < 3; ++k) {
       const auto [x, y] = std::pair(corners[t][k] % side, corners[t][k] / side);
