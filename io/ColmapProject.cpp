@@ -1,5 +1,6 @@
 #include "io/ColmapProject.h"
 
+#include "host/model/CameraFrame.h"
 #include "host/model/Project.h"
 #include "io/PointCovariance.h"
 
@@ -98,14 +99,9 @@ void ColmapProject::computePoints(ReadProgress& progress) {
       const Station& station = _stations[image];
       const std::size_t mark = _model.images[image].firstMark + element.markIndex;
 
-      const Point3DDouble ray = point.position - station.position;
-      double inCamera[3];
-      for (int row = 0; row < 3; ++row) {
-        inCamera[row] = station.rotation(row + 1, 1) * ray.x +
-                        station.rotation(row + 1, 2) * ray.y + station.rotation(row + 1, 3) * ray.z;
-      }
+      const auto inCamera = inCameraFrame(station.rotation, point.position - station.position);
       Point2DDouble projected;
-      if (!station.camera->Project(inCamera, projected)) continue;
+      if (!station.camera->Project(inCamera.data(), projected)) continue;
       const Point2DDouble& marked = _model.marks[mark].position;
       const Point2DDouble residual{marked.x - projected.x, marked.y - projected.y};
       const double square = residual.x * residual.x + residual.y * residual.y;

@@ -1,6 +1,7 @@
 #include "host/model/CameraStation.h"
 
 #include "host/model/Camera.h"
+#include "host/model/CameraFrame.h"
 
 namespace tarn {
 
@@ -16,14 +17,8 @@ int CameraStation::GetGPSPosition(Point3DDouble& position) const {
 int CameraStation::ProjectPoint(const Point3DDouble& point, Point2DDouble& pixel) const {
   const Camera* camera = GetCamera(1);
   if (!IsOriented() || !camera) return 0;
-  const Point3DDouble ray = point - GetPosition();
-  const MatrixDouble rotation = GetRotationMatrix();
-  double inCamera[3];
-  for (int row = 0; row < 3; ++row) {
-    inCamera[row] =
-        rotation(row + 1, 1) * ray.x + rotation(row + 1, 2) * ray.y + rotation(row + 1, 3) * ray.z;
-  }
-  return camera->Project(inCamera, pixel);
+  const auto inCamera = inCameraFrame(GetRotationMatrix(), point - GetPosition());
+  return camera->Project(inCamera.data(), pixel);
 }
 
 Camera* CameraStation::GetCamera(int) const { return _camera; }

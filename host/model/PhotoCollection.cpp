@@ -26,6 +26,7 @@ double coveredPart(const CameraStation& station, const Corners& corners) {
   int width = 0;
   int height = 0;
   camera->GetImageSize(width, height);
+  if (width <= 0 || height <= 0) return 0.0;
   std::array<Point2DDouble, 3> pixels;
   for (std::size_t i = 0; i < 3; ++i) {
     if (!station.ProjectPoint(corners[i], pixels[i])) return 0.0;

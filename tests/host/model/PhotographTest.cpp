@@ -1,5 +1,6 @@
 #include "host/model/Photograph.h"
 
+#include "host/model/Camera.h"
 #include "host/model/CameraStation.h"
 #include "host/model/ObjectPoint.h"
 #include "tests/support/TarnTest.h"
@@ -64,4 +65,36 @@ TEST_F(PhotographTest, MarksStayWhereTheyAreWhileMoreAreAdded) {
     ASSERT_EQ(photograph.GetAllMarkedPoints(0, 1).at(i), marks[static_cast<std::size_t>(i)]);
     ASSERT_EQ(marks[static_cast<std::size_t>(i)]->GetPosition().y, 2.0 * i);
   }
+}
+
+TEST_F(PhotographTest, PixelsAreBroughtToTextureSpaceByTheCamerasSize) {
+  tarn::Camera camera;
+  tarn::CameraStation station;
+  camera.SetImageSize(4000, 2500);
+  station.SetCamera(&camera);
+  photograph.SetCameraStation(&station);
+  EXPECT_EQ(photograph.GetPixelToTextureNormalizedSpace(),
+            (tarn::Point2DDouble{1.0 / 4000, 1.0 / 2500}));
+}
+
+TEST_F(PhotographTest, WithoutCameraThePicturesSizeTells) {
+  EXPECT_EQ(photograph.GetPixelToTextureNormalizedSpace(), (tarn::Point2DDouble{1.0, 1.0}))
+      << "neither camera nor picture";
+  tarn::CameraStation station;
+  photograph.SetCameraStation(&station);
+  photograph.SetImageFile("left.jpg");
+  EXPECT_EQ(photograph.GetPixelToTextureNormalizedSpace(), (tarn::Point2DDouble{1.0, 1.0}))
+      << "a picture that is not loaded";
+  const std::vector<std::uint8_t> black(8 * 5 * 3);
+  photograph.GetImage()->SetPixels(black.data(), 8, 5, 3);
+  EXPECT_EQ(photograph.GetPixelToTextureNormalizedSpace(), (tarn::Point2DDouble{0.125, 0.2}));
+}
+
+TEST_F(PhotographTest, ACameraWithoutSizeLeavesPixelsAsTheyAre) {
+  tarn::Camera camera;
+  tarn::CameraStation station;
+  camera.SetImageSize(0, 2500);
+  station.SetCamera(&camera);
+  photograph.SetCameraStation(&station);
+  EXPECT_EQ(photograph.GetPixelToTextureNormalizedSpace(), (tarn::Point2DDouble{1.0, 1.0}));
 }
