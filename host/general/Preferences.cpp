@@ -69,6 +69,7 @@ constexpr double unlimited = std::numeric_limits<double>::max();
 constexpr std::array ranges = {
     Range{"", "CamStnImageResampleFactor", 1.0, 1000.0, "a number from 1 to 1000"},
     Range{"", "ExagerationSphereSize", 0.0, unlimited, "a number of 0 or more"},
+    Range{"ShapeViewer", "VertexRadius", 0.0, unlimited, "a number of 0 or more"},
     Range{"CSSymbol", "", 0.0, 1.0, "a number from 0 to 1"},
     // A margin of the size divided by it.
     Range{"GroundPlane", "GroundPlaneMultiplier", 0.001, 1e6, "a number from 0.001 to 1000000"},

@@ -35,7 +35,8 @@ struct Triangles {
   bool crossed = false;
 
   static void GLAPIENTRY addCorner(void* corner, void* triangles) {
-    static_cast<Triangles*>(triangles)->corners.push_back(static_cast<Corner*>(corner)->index);
+    auto& [corners, crossed] = *static_cast<Triangles*>(triangles);
+    if (!crossed) corners.push_back(static_cast<Corner*>(corner)->index);
   }
   // Contours meet: in a corner of one of them, or else they cross.
   static void GLAPIENTRY meet(GLdouble place[3], void* corners[4], GLfloat[4], void** result,
@@ -72,6 +73,10 @@ Triangles tessellate(std::vector<std::vector<Corner>>& contours, const Point3DDo
   gluTessProperty(tessellator, GLU_TESS_WINDING_RULE, GLU_TESS_WINDING_POSITIVE);
   gluTessNormal(tessellator, normal.x, normal.y, normal.z);
   Triangles triangles;
+  // As many as there can be: no exception may pass through the tessellator.
+  std::size_t most = 0;
+  for (const std::vector<Corner>& contour : contours) most += contour.size() + 2;
+  triangles.corners.reserve(3 * most);
   gluTessBeginPolygon(tessellator, &triangles);
   for (std::vector<Corner>& contour : contours) {
     gluTessBeginContour(tessellator);

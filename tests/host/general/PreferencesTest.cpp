@@ -234,6 +234,8 @@ INSTANTIATE_TEST_SUITE_P(
                                  "a number of 0 or more"},
                       OutOfRange{"SphereSizeNaN", "", "ExagerationSphereSize", "nan",
                                  "a number of 0 or more"},
+                      OutOfRange{"VertexRadiusNegative", "ShapeViewer", "VertexRadius", "-0.2",
+                                 "a number of 0 or more"},
                       OutOfRange{"SymbolColourAboveOne", "CSSymbol", "Body_ambient_R", "29",
                                  "a number from 0 to 1"},
                       OutOfRange{"SymbolColourNegative", "CSSymbol", "Lens_specular_B", "-0.5",

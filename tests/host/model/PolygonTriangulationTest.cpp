@@ -97,6 +97,12 @@ TEST_F(PolygonTriangulationTest, AHoleThatTouchesTheOutlineInACornerStaysOpen) {
   EXPECT_FALSE(isCovered(1.5, 1.5));
 }
 
+TEST_F(PolygonTriangulationTest, AHoleThatTouchesASideStaysOpen) {
+  cut(square(0, 0, 10), {{{4, 0, 0}, {6, 3, 0}, {2, 3, 0}}});
+  EXPECT_DOUBLE_EQ(area(), 100.0 - 6.0);
+  EXPECT_FALSE(isCovered(4, 2));
+}
+
 TEST_F(PolygonTriangulationTest, AFaceThatLeansFarFromTheOriginIsCutAsWell) {
   Contour leaning;
   for (const Point3DDouble& p : concave) {
