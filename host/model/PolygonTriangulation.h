@@ -20,9 +20,10 @@ struct TARN_HOST_EXPORT PolygonTriangulation {
   Point3DDouble normal;
 
   /// Triangulates what is inside the outline and outside the holes, whose directions do not
-  /// matter. Corners need not lie in one plane: they are seen along the normal, that of
-  /// Newell's method (as I. E. Sutherland et al. tell it, A Characterization of Ten
-  /// Hidden-Surface Algorithms, 1974), and the triangles join them where they are.
+  /// matter. Corners need not lie in one plane: they are seen along the axis that is nearest
+  /// to the normal, and the triangles join them where they are. The normal is that of Newell's
+  /// method (I. E. Sutherland et al., A Characterization of Ten Hidden-Surface Algorithms,
+  /// 1974).
   /// There are no triangles where the outline encloses no area, where contours cross
   /// themselves or each other, where a hole is not inside, and where a coordinate is not
   /// finite.
