@@ -174,6 +174,11 @@ void checkFiles(const std::string& picture, const std::string& scene, const std:
   }
 }
 
+std::string parseStation(const std::string& option, const std::string& text) {
+  if (text.empty()) throw CLI::ValidationError(option, "found \"\", expected a station's name");
+  return text;
+}
+
 std::string parseFileName(const std::string& option, const std::string& text) {
   if (text.empty()) throw CLI::ValidationError(option, "found \"\", expected a file name");
   return text;
@@ -246,6 +251,9 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
          "Show the rays of point:NUMBER or station:NAME; may be given several times")
       ->type_name("WHAT")
       ->allow_extra_args(false);  // what follows is PROJECT
+  addOption(app, "--surface", "STATION",
+            "Show a surface over the points on this station's photograph, with its picture",
+            line.surfaceStation, parseStation);
   app.add_flag("--axis", line.axis, "Show the axes X, Y and Z");
   app.add_flag("--ground-plane", line.groundPlane, "Show a plane under the object");
   addOption(app, "--background", "KIND",

@@ -53,7 +53,8 @@ struct CommandLine {
   int mostPointNodes = 50'000;      ///< more object points are shown as one cloud
   bool findCloud = true;            ///< whether a model's own dense cloud is looked for
   std::optional<Object> highlight;
-  std::vector<Object> rays;  ///< whose rays are shown
+  std::vector<Object> rays;    ///< whose rays are shown
+  std::string surfaceStation;  ///< over whose points a surface is shown; empty for none
   bool axis = false;
   bool groundPlane = false;
   Background background = Background::eGradient;

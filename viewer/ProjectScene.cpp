@@ -121,6 +121,13 @@ std::string ProjectScene::showHeightScale() {
   return {};
 }
 
+void ProjectScene::showSurface(const tarn::CameraStation& station) {
+  if (surface) sceneRoot->removeChild(surface->root());
+  surface.reset();
+  surface.emplace(project, station, context);
+  sceneRoot->insertChild(surface->root(), sceneRoot->findChild(points.root()));
+}
+
 void ProjectScene::setView(CommandLine::View view, double aspect) {
   ViewFraming all = framingOfAll();
   setCamera(all.makeCamera(view, aspect));
@@ -214,6 +221,7 @@ std::vector<std::string> ProjectScene::notes() const {
         "the ground plane lies along X and Y, and by its cameras the project stands upright about "
         "another direction than Z");
   }
+  if (surface && !surface->note().empty()) all.push_back(surface->note());
   return all;
 }
 

@@ -16,6 +16,7 @@
 #include "viewer/layers/RayLayer.h"
 #include "viewer/layers/SceneContext.h"
 #include "viewer/layers/StationLayer.h"
+#include "viewer/layers/SurfaceGroupLayer.h"
 
 #include <optional>
 #include <string>
@@ -27,10 +28,10 @@ class SoPickedPoint;
 /// A project as a scene graph.
 ///
 /// The root's children: the background where it is a gradient, a light and what else holds
-/// for all, the camera, then the layers (camera stations, point meshes, contours, object
-/// points, rays), the axes, the ground plane, and last what is drawn over all else: a point that is
-/// marked, which stands there a second time. The light stands ahead of the camera and so shines
-/// from the eye.
+/// for all, the camera, then the layers (camera stations, point meshes, contours, a
+/// photograph's surface, object points, rays), the axes, the ground plane, and last what is drawn
+/// over all else: a point that is marked, which stands there a second time. The light stands ahead
+/// of the camera and so shines from the eye.
 ///
 ///     tarn::Project project;
 ///     ProjectFile::open("examples/demo", project, {});
@@ -82,6 +83,10 @@ public:
   /// Shows which colour stands for which height, in front of all. Returns why there is nothing to
   /// show; else an empty text. To be called when the meshes are shown.
   std::string showHeightScale();
+
+  /// Shows the surface over the points on the station's photograph, in place of one that was
+  /// shown before. Throws std::runtime_error where there is none (see StationSurface).
+  void showSurface(const tarn::CameraStation& station);
 
   /// Shows the photographs in the stations, or their symbols.
   void setImagePlanes(bool show) { stations.setImagePlanes(show); }
@@ -152,6 +157,7 @@ private:
   StationLayer stations;
   std::optional<MeshLayer> meshes;
   std::optional<ContourLayer> contours;
+  std::optional<SurfaceGroupLayer> surface;
   PointLayer points;
   RayLayer rays;
   NodeRef<SoSeparator> sceneRoot;  // after the layers: it lets their nodes go first

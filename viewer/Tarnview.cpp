@@ -107,6 +107,7 @@ public:
     ProjectScene scene(project, options);
     for (tarn::ObjectPoint* point : rayPoints) scene.showRays(*point);
     for (tarn::CameraStation* station : rayStations) scene.showRays(*station);
+    if (surfaceStation) scene.showSurface(*surfaceStation);
     if (highlightPoint) scene.highlight(*highlightPoint);
     if (highlightStation) scene.highlight(*highlightStation);
     const CommandLine::Size size = commandLine.size ? *commandLine.size
@@ -215,6 +216,9 @@ private:
     if (commandLine.view == View::eStation) {
       viewStation = &ProjectFile::findStation(project, commandLine.viewStation);
     }
+    if (!commandLine.surfaceStation.empty()) {
+      surfaceStation = &ProjectFile::findStation(project, commandLine.surfaceStation);
+    }
     if (const auto& object = commandLine.highlight) {
       if (object->kind == CommandLine::Object::Kind::ePoint) {
         highlightPoint = &ProjectFile::findPoint(project, object->pointNumber);
@@ -237,6 +241,7 @@ private:
   tarn::Project project;
   tarn::CameraStation* viewStation = nullptr;
   tarn::CameraStation* highlightStation = nullptr;
+  tarn::CameraStation* surfaceStation = nullptr;
   tarn::ObjectPoint* highlightPoint = nullptr;
   std::vector<tarn::ObjectPoint*> rayPoints;
   std::vector<tarn::CameraStation*> rayStations;

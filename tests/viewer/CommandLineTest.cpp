@@ -33,6 +33,7 @@ TEST_F(CommandLineTest, ProjectAloneWantsAWindow) {
   EXPECT_FALSE(line.ellipsoidScale.has_value());
   EXPECT_FALSE(line.highlight.has_value());
   EXPECT_TRUE(line.rays.empty());
+  EXPECT_EQ(line.surfaceStation, "");
   EXPECT_FALSE(line.axis);
   EXPECT_FALSE(line.groundPlane);
   EXPECT_EQ(line.background, CommandLine::Background::eGradient);
@@ -52,7 +53,7 @@ TEST_F(CommandLineTest, EveryOptionIsTaken) {
                                      "--highlight", "point:17",       "--write",
                                      "o.iv",        "--axis",         "--ground-plane",
                                      "--rays",      "point:3",        "--background",
-                                     "plain"});
+                                     "plain",       "--surface",      "a b.jpg"});
   EXPECT_EQ(line.renderFile, "o.png");
   EXPECT_EQ(line.writeFile, "o.iv");
   ASSERT_TRUE(line.size.has_value());
@@ -69,6 +70,7 @@ TEST_F(CommandLineTest, EveryOptionIsTaken) {
   EXPECT_TRUE(line.groundPlane);
   ASSERT_EQ(line.rays.size(), 1U);
   EXPECT_EQ(line.rays[0].pointNumber, 3);
+  EXPECT_EQ(line.surfaceStation, "a b.jpg");
   EXPECT_EQ(line.background, CommandLine::Background::ePlain);
   EXPECT_FALSE(line.wantsWindow());
 }
@@ -226,7 +228,7 @@ TEST_F(CommandLineTest, EmptyValuesAreRefused) {
   for (const char* option :
        {"--size", "--view", "--highlight", "--render", "--write", "--ellipsoids", "--rays",
         "--background", "--color", "--cloud", "--contours", "--section", "--box", "--thickness",
-        "--profile", "--point-nodes"}) {
+        "--profile", "--point-nodes", "--surface"}) {
     EXPECT_THAT(refused({"p", option, ""}), HasSubstr(option));
     EXPECT_THAT(refused({"p", std::string(option) + "="}), HasSubstr(option));
   }

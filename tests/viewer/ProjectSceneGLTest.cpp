@@ -105,6 +105,23 @@ TEST_F(ProjectSceneGLTest, RaysWithAxisAndGroundPlane) {
   expectBaseline(scene);
 }
 
+// From another station: the vase stands free of the ground behind it, which it hid.
+TEST_F(ProjectSceneGLTest, SurfaceOverThePointsOfAPhotograph) {
+  ProjectScene scene(project);
+  scene.showSurface(station("station02"));
+  EXPECT_THAT(scene.notes(), ::testing::IsEmpty());
+  ASSERT_TRUE(scene.setView(station("station03")));
+  expectBaseline(scene);
+}
+
+TEST_F(ProjectSceneGLTest, AnotherSurfaceReplacesTheOneBefore) {
+  ProjectScene scene(project);
+  scene.showSurface(station("station02"));
+  const int before = scene.root()->getNumChildren();
+  scene.showSurface(station("station03"));
+  EXPECT_EQ(scene.root()->getNumChildren(), before);
+}
+
 // Through the camera turned on its side: the photograph fills the view and stands as the
 // camera saw it, which the photograph's own file says.
 TEST_F(ProjectSceneGLTest, ImagePlaneShowsThePhotographAsTheStationSawIt) {

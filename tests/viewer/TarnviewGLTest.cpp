@@ -136,8 +136,8 @@ TEST_F(TarnviewGLTest, WrongCallsEndWithTwo) {
 
 TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
   const std::string render = " --render " + quoted("a.png");
-  for (const char* wrong :
-       {" --view station:nobody", " --highlight station:nobody", " --rays station:nobody"}) {
+  for (const char* wrong : {" --view station:nobody", " --highlight station:nobody",
+                            " --rays station:nobody", " --surface nobody"}) {
     const Result result = tarnview(demo + render + wrong);
     EXPECT_EQ(result.status, 2) << wrong;
     EXPECT_THAT(result.errors, HasSubstr("station01.jpg, station02.jpg")) << wrong;
@@ -473,7 +473,7 @@ TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
   folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
   for (const std::string& options :
        {std::string("--image-planes --frusta"),
-        std::string("--labels --highlight station:station08"),
+        std::string("--labels --highlight station:station08"), std::string("--surface station08"),
         std::string("--ellipsoids 30 --view top"), std::string("--rays point:30 --ground-plane"),
         "--cloud " + quoted("bowl.ply") + " --contours 1"}) {
     const Result written =
