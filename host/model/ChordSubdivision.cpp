@@ -64,34 +64,11 @@ public:
     rest = whole;
   }
 
-  // How far the next piece reaches, 0 to 1 of the span, and its deviation.
+  // Where the next piece ends, 0 to 1 of the span, and its deviation.
   double next(double& reached) {
     double at = 1.0;
     reached = deviationTo(at);
-    if (!(reached <= tolerance)) {
-      double tooFar = 1.0;
-      const double shortest = shortestPiece / (1.0 - begin);
-      double near = 0.0;
-      // A deviation grows with the square of a piece's length.
-      double guess = std::sqrt(tolerance / reached);
-      while (tooFar > shortest && near < 0.995 * tooFar) {
-        if (!(guess > near && guess < tooFar)) guess = 0.5 * (near + tooFar);
-        const double there = deviationTo(guess);
-        const double scaled = 0.998 * guess * std::sqrt(tolerance / there);
-        if (there <= tolerance) {
-          near = guess;
-          reached = there;
-        } else {
-          tooFar = guess;
-        }
-        guess = scaled;
-      }
-      at = near;
-      if (at <= 0.0) {
-        at = std::min(shortest, 1.0);
-        reached = deviationTo(at);
-      }
-    }
+    if (!(reached <= tolerance)) at = farthest(reached);
     begin = at < 1.0 ? begin + at * (1.0 - begin) : 1.0;
     moveRest();
     return begin;
@@ -99,6 +76,32 @@ public:
 
 private:
   std::size_t order() const { return static_cast<std::size_t>(degree) + 1; }
+
+  // How much of the rest stays within the tolerance, to half a percent; at least the shortest
+  // piece. `reached` holds the rest's deviation, and then that of the piece.
+  double farthest(double& reached) const {
+    const double shortest = std::min(shortestPiece / (1.0 - begin), 1.0);
+    double near = 0.0;
+    double tooFar = 1.0;
+    // A deviation grows with the square of a piece's length.
+    double guess = std::sqrt(tolerance / reached);
+    while (tooFar > shortest && near < 0.995 * tooFar) {
+      if (!(guess > near && guess < tooFar)) guess = 0.5 * (near + tooFar);
+      guess = std::max(guess, shortest);
+      const double deviation = deviationTo(guess);
+      const double scaled = 0.998 * guess * std::sqrt(tolerance / deviation);
+      if (deviation <= tolerance) {
+        near = guess;
+        reached = deviation;
+      } else {
+        tooFar = guess;
+      }
+      guess = scaled;
+    }
+    if (near > 0.0) return near;
+    reached = deviationTo(shortest);
+    return shortest;
+  }
 
   // The largest deviation of the pieces from `begin` to `at` of the rest, or the first one
   // above the tolerance.

@@ -54,8 +54,14 @@ KnotVector::BasisTable KnotVector::basisAt(const std::vector<double>& parameters
   table._first.reserve(parameters.size());
   table._numbers.reserve(parameters.size() * 2 * table._order);
   for (const double parameter : parameters) {
-    table._first.push_back(static_cast<int>(Spline::Span(parameter, _degree, knots)) - _degree);
-    const auto basis = Spline::BasisFunctionDerivatives(parameter, 1, _degree, knots);
+    const int first = static_cast<int>(Spline::Span(parameter, _degree, knots)) - _degree;
+    table._first.push_back(first);
+    Eigen::ArrayXXd basis = Spline::BasisFunctionDerivatives(parameter, 1, _degree, knots);
+    if (const int through = interpolatedAt(parameter); through >= 0) {
+      // Without rounding: surfaces that are closed must meet themselves.
+      basis.row(0).setZero();
+      basis(0, through - first) = 1.0;
+    }
     for (Eigen::Index row = 0; row < 2; ++row) {
       for (Eigen::Index i = 0; i <= _degree; ++i) table._numbers.push_back(basis(row, i));
     }

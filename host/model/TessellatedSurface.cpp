@@ -28,6 +28,12 @@ void TessellatedSurface::SetMaterialOfSet(int set, Material* material) {
   if (Set* found = setOf(set)) found->material = material;
 }
 
+void TessellatedSurface::Reserve(int set, int triangles) {
+  _allTriangles.reserve(_allTriangles.size() + triangles);
+  _uvMatrices.reserve(_uvMatrices.size() + triangles);
+  if (Set* found = setOf(set)) found->triangles.reserve(found->triangles.size() + triangles);
+}
+
 ThreeDPoint& TessellatedSurface::AddPoint(const Point3DDouble& position) {
   ThreeDPoint& point = _points.emplace_back();
   point.SetApproximation(Point3DRandom(position));

@@ -48,6 +48,8 @@ public:
   /// These two pass over a set that there is not. The material is not owned.
   void SetTextureFile(int set, const VPathString& file);
   void SetMaterialOfSet(int set, Material* material);
+  /// Makes room for as many triangles more in a set that must exist; nothing else changes.
+  void Reserve(int set, int triangles);
   ThreeDPoint& AddPoint(const Point3DDouble& position);
   /// A normal of the surface's own, to be given to triangles.
   const Point3DDouble& AddNormal(const Point3DDouble& normal);

@@ -316,7 +316,7 @@ TEST_F(TarnOICylinderSeparatorTest, TheSurfaceIsBuiltByTheBaseClassItself) {
   };
   const auto overriding = makeNode<Overriding>();
   tarn::VOrdCollect* sets = surface.GetTriangleSets();
-  overriding->SetNurbsSurface(&surface, &dictionary, singleSided.get(), nullptr, nullptr, &sets,
+  overriding->SetNurbsSurface(&surface, &dictionary, nullptr, doubleSided.get(), nullptr, &sets,
                               nullptr, 0);
   EXPECT_EQ(overriding->calls, 0);
   EXPECT_EQ(childTypes(*overriding), asSurface);
