@@ -83,12 +83,12 @@ void TarnOIShapeEdgeSeparator::ShowVertices(int hide, float radius) {
 void TarnOIShapeEdgeSeparator::SetVertexMaterialAndSize(SoMaterial* material, double sizeFactor,
                                                         int which) {
   const auto* edge = tarnObjectAs<tarn::ShapeEdge>(tarn::ShapeEdgeCls);
-  if (!TARNOI_ASSERT_AT(edge, "tarnObject", sourceFile, 217)) return;
+  TARNOI_ASSERT_AT(edge, "tarnObject", sourceFile, 217);
   if (!TARNOI_ASSERT_AT(which == 1 || which == 2, "0", sourceFile, 232)) return;
   const auto& marker = which == 1 ? startMarker : endMarker;
   if (!marker) return;
   marker->SetMaterial(material);
-  if (const tarn::Shape* shape = edge->GetShape()) {
+  if (const tarn::Shape* shape = edge ? edge->GetShape() : nullptr) {
     marker->SetRadius(static_cast<float>(shape->GetMaxSize(0) * sizeFactor));
   }
 }

@@ -36,8 +36,8 @@ public:
   void ShowVertices(int hide, float radius);
   /// Gives a marker, 1 that of the start and 2 that of the end, a material (null for none, see
   /// TarnOIShapeVertexToMarkSeparator::SetMaterial) and a radius: `sizeFactor` times the
-  /// shape's size. A node without an edge, and any other number, are reported. Of an edge
-  /// without a shape only the material is set.
+  /// shape's size. A node without an edge, and any other number, are reported. Without an
+  /// edge, or a shape of it, only the material is set.
   void SetVertexMaterialAndSize(SoMaterial* material, double sizeFactor, int which);
 
   /// A copy that is set to the same edge, and to which the dictionary's entry moves. It has no

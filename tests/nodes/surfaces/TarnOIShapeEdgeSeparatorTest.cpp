@@ -241,6 +241,33 @@ TEST_F(TarnOIShapeEdgeSeparatorTest, ColouringWithoutAnEdgeIsReported) {
   EXPECT_THAT(takeAssertions(), ElementsAre(IsAssertionAt("tarnObject", className, 217)));
 }
 
+TEST_F(TarnOIShapeEdgeSeparatorTest, AfterThatReportTheMaterialIsSetAndTheSizeStays) {
+  set();
+  node->ShowVertices(0, 1.5F);
+  node->SetShapeEdge(nullptr, &dictionary);
+  const auto red = makeNode<SoMaterial>();
+  node->SetVertexMaterialAndSize(red.get(), 0.125, 2);
+  node->SetVertexMaterialAndSize(red.get(), 0.125, 3);
+  EXPECT_THAT(takeAssertions(), ElementsAre(IsAssertionAt("tarnObject", className, 217),
+                                            IsAssertionAt("tarnObject", className, 217),
+                                            IsAssertionAt("0", className, 232)));
+  const Marker* marker = markersOf(*node).at(1);
+  EXPECT_EQ(marker->getChild(0), red.get());
+  EXPECT_EQ(radiusOf(marker), 1.5F);
+}
+
+TEST_F(TarnOIShapeEdgeSeparatorTest, TheSizeIsAskedForAsKindZeroAndNarrowedAfterTheFactor) {
+  struct HostShape : tarn::Shape {
+    double GetMaxSize(int kind) const override { return kind == 0 ? 0.1 : 1000.0; }
+  } ofHost;
+  node->SetShapeEdge(&ofHost.AddEdge(&first, &second), &dictionary);
+  node->ShowVertices(0, 1.5F);
+  ASSERT_NE(static_cast<float>(0.1 * 0.3), 0.1F * 0.3F);
+  node->SetVertexMaterialAndSize(nullptr, 0.3, 1);
+  EXPECT_EQ(radiusOf(markersOf(*node).at(0)), static_cast<float>(0.1 * 0.3));
+  node.reset();  // before its edge
+}
+
 TEST_F(TarnOIShapeEdgeSeparatorTest, OfAnEdgeWithoutAShapeTheSizeStays) {
   alone.SetVertices(&first, &second);
   node->SetShapeEdge(&alone, &dictionary);
