@@ -59,7 +59,7 @@ struct MeshNodes {
     }
   }
 
-  // Normals of before may be fewer than the vertices are now.
+  // Normals may be fewer than the vertices that are shown: either may be older than the other.
   void makeRoomForNormals() const {
     if (normals && coords) NormalFill::makeRoomFor(*normals, coords->point.getNum());
   }
@@ -259,11 +259,14 @@ void TarnOISurfaceSeparator::AddOrUpdateNormals(tarn::VDictionary& normalsByKey,
       return;
     }
   }
-  const IndexedWriting writing(normalNode->vector, vertices->size());
-  // With the view offset subtracted, as from a position: hosts rely on it.
-  std::ranges::transform(normals, writing.values(), [](const tarn::Point3DDouble* normal) {
-    return ViewerFrame::fromModel(*normal);
-  });
+  {
+    const IndexedWriting writing(normalNode->vector, vertices->size());
+    // With the view offset subtracted, as from a position: hosts rely on it.
+    std::ranges::transform(normals, writing.values(), [](const tarn::Point3DDouble* normal) {
+      return ViewerFrame::fromModel(*normal);
+    });
+  }
+  MeshNodes(*this).makeRoomForNormals();
 }
 
 void TarnOISurfaceSeparator::RemoveNormals() { ChildNodes::removeAndForget(*this, normalNode); }
@@ -272,8 +275,12 @@ SoNode* TarnOISurfaceSeparator::copy(SbBool copyConnections) const {
   auto* copied = static_cast<TarnOISurfaceSeparator*>(TarnOISeparator::copy(copyConnections));
   copied->texture = texture;
   copied->normalNode = normalNode;
-  MeshNodes(*copied).makeRoomForNormals();
   return boundCopy(copied);
+}
+
+void TarnOISurfaceSeparator::copyContents(const SoFieldContainer* from, SbBool copyConnections) {
+  TarnOISeparator::copyContents(from, copyConnections);
+  MeshNodes(*this).makeRoomForNormals();
 }
 
 tarn::SurfaceGroup* TarnOISurfaceSeparator::group() const {

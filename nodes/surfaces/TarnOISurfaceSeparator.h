@@ -70,6 +70,7 @@ public:
   /// The ordinary copy, bound to the same group: the dictionary's entry moves to it. Its members
   /// are this node's texture and normals, not their copies: hosts rely on it.
   SoNode* copy(SbBool copyConnections = FALSE) const override;
+  void copyContents(const SoFieldContainer* from, SbBool copyConnections) override;
 
 protected:
   ~TarnOISurfaceSeparator() override;

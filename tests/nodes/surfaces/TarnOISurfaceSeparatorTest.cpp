@@ -156,6 +156,12 @@ TEST_F(TarnOISurfaceSeparatorTest, AsksForSelectionZeroAndForTheVerticesOfThePro
   EXPECT_THAT(takeAssertions(), ElementsAre(mark()));
   EXPECT_THAT(ofHost.selections, ElementsAre(0));
   EXPECT_THAT(ofHost.projects, ElementsAre(&project));
+
+  ofHost.SetMaterial(&textured);
+  ofHost.selections.clear();
+  setHost();
+  EXPECT_THAT(takeAssertions(), ElementsAre(mark()));
+  EXPECT_THAT(ofHost.selections, ElementsAre(0, 0)) << "for the photograph and for the indexes";
 }
 
 TEST_F(TarnOISurfaceSeparatorTest, ACornerThatIsNoVertexGetsTheIndexOfOneThatIsNotFound) {
@@ -763,6 +769,48 @@ TEST_F(TarnOISurfaceSeparatorTest, WithoutVerticesTheNormalNodeStays) {
   node->SetTarnObject(nullptr, &dictionary);
 }
 
+TEST_F(TarnOISurfaceSeparatorTest, NormalsAreThoseOfTheProjectsVertices) {
+  putNormals(tarn::ObjectName::gDefault, {0});
+  hostGroup({0});
+  setHost();
+  takeAssertions();
+  ofHost.projects.clear();
+  node->AddOrUpdateNormals(normalsByKey, &project);
+  EXPECT_THAT(ofHost.projects, ElementsAre(&project));
+}
+
+TEST_F(TarnOISurfaceSeparatorTest, NormalsKeepTheirTailWhenVerticesBecomeFewer) {
+  addQuadrangle();
+  set();
+  putNormals(tarn::ObjectName::gDefault, {0, 1, 2, 3});
+  node->AddOrUpdateNormals(normalsByKey, &project);
+  hostGroup({1, 2});
+  setHost();
+  takeAssertions();
+  node->AddOrUpdateNormals(normalsByKey, &project);
+  EXPECT_THAT(
+      valuesOf(childOf<SoNormal>(*node).vector),
+      ElementsAre(shown(normalOf(1)), shown(normalOf(2)), shown(normalOf(3)), shown(normalOf(2))));
+}
+
+TEST_F(TarnOISurfaceSeparatorTest, NormalsOfFewerVerticesThanAreShownHaveRoomForCoinsReading) {
+  constexpr int many = 100000;
+  hostGroup({0, 1});
+  while (listed.size() < many) listed.add(points[2]);
+  setHost();
+  takeAssertions();
+  putNormals(tarn::ObjectName::gDefault, {0, 1});
+  tarn::VOrdCollect fewer;
+  fewer.add(points[0]);
+  fewer.add(points[1]);
+  ofHost.vertices = &fewer;
+  node->AddOrUpdateNormals(normalsByKey, &project);
+  const SoMFVec3f& vectors = childOf<SoNormal>(*node).vector;
+  EXPECT_EQ(vectors.getNum(), 2);
+  EXPECT_EQ(vectors.getValues(0)[many - 1], SbVec3f(0, 0, 0));
+  node.reset();  // before its group
+}
+
 TEST_F(TarnOISurfaceSeparatorTest, NormalsThatAreFewerThanTheVerticesHaveRoomForCoinsReading) {
   constexpr int many = 100000;
   addTriangle(0, 1, 2);
@@ -780,6 +828,12 @@ TEST_F(TarnOISurfaceSeparatorTest, NormalsThatAreFewerThanTheVerticesHaveRoomFor
   EXPECT_EQ(vectors.getValues(0)[many + 2], SbVec3f(0, 0, 0));
   const NodeRef<SoGroup> copy(static_cast<SoGroup*>(node->copy()));
   EXPECT_EQ(childOf<SoNormal>(*copy).vector.getValues(0)[many + 2], SbVec3f(0, 0, 0));
+  const auto parent = makeNode<SoSeparator>();
+  parent->addChild(node.get());
+  const NodeRef<SoGroup> copyOfParent(static_cast<SoGroup*>(parent->copy()));
+  const auto& nested = static_cast<const SoGroup&>(*copyOfParent->getChild(0));
+  EXPECT_EQ(childOf<SoNormal>(nested).vector.getValues(0)[many + 2], SbVec3f(0, 0, 0))
+      << "Coin does not ask nested nodes for their copies";
   node->SetTarnObject(nullptr, &dictionary);
 }
 
