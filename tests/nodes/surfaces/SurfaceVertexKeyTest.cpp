@@ -53,8 +53,7 @@ TEST_F(SurfaceVertexKeyTest, IsAClassOfTheHostsWithEmptyKeysFromItsFactory) {
 
 TEST_F(SurfaceVertexKeyTest, TheHashIsTheSumOfBoth) { EXPECT_EQ(hashOf(12, 30), 42U); }
 
-TEST_F(SurfaceVertexKeyTest, TheNamesHashIsMaskedBeforeTheSum) {
-  // Where only the sum was masked, the two top bits would carry out of it.
+TEST_F(SurfaceVertexKeyTest, TheTopBitOfTheNamesHashDoesNotCount) {
   EXPECT_EQ(hashOf(topBit + 5, 2), 7U);
   EXPECT_EQ(hashOf(most, 0), most - topBit);
 }

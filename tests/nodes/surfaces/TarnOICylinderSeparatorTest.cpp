@@ -287,6 +287,17 @@ TEST_F(TarnOICylinderSeparatorTest, ChangingTheModeForgetsTheExtension) {
   EXPECT_FALSE(node->cylinderExtensionSet);
 }
 
+TEST_F(TarnOICylinderSeparatorTest, ChangingTheModeKeepsTheHintsOfTheFirstSurface) {
+  surface.SetDoubleSided(0);
+  show(0);
+  show(1);
+  surface.SetDoubleSided(1);
+  show(0);
+  EXPECT_EQ(node->getChild(0), singleSided.get());
+  show(0);
+  EXPECT_EQ(node->getChild(0), doubleSided.get()) << "a surface built over a surface forgets them";
+}
+
 TEST_F(TarnOICylinderSeparatorTest, AnyOtherNumberIsAnotherMode) {
   show(1, 1.5);
   const auto before = children(*node);

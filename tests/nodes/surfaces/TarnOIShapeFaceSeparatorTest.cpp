@@ -69,8 +69,9 @@ protected:
     const SoMFInt32& field = static_cast<SoIndexedFaceSet*>(faces)->coordIndex;
     return {field.getValues(0), field.getValues(0) + field.getNum()};
   }
+  // Coin compares the square of the distance.
   static void expectNear(const SbVec3f& got, const SbVec3f& wanted) {
-    EXPECT_TRUE(got.equals(wanted, 1e-6F))
+    EXPECT_TRUE(got.equals(wanted, 1e-11F))
         << got.toString().getString() << " instead of " << wanted.toString().getString();
   }
 
@@ -216,9 +217,50 @@ TEST_F(TarnOIShapeFaceSeparatorTest, AnUpsideDownTextIsTurnedAboutTheNormalAndSt
   face.SetNameUprightVectorPoints({3, 2, 9}, {3, 2, 1});
   build(0, 1);
   EXPECT_TRUE(
-      inPlane().equals(SbRotation(SbVec3f(1, 0, 0), static_cast<float>(std::numbers::pi)), 1e-6F));
+      inPlane().equals(SbRotation(SbVec3f(1, 0, 0), static_cast<float>(std::numbers::pi)), 1e-11F));
   expectNear(turned(SbVec3f(0, 0, 1)), SbVec3f(1, 0, 0));
   expectNear(turned(SbVec3f(0, 1, 0)), SbVec3f(0, -1, 0));
+}
+
+// Rounding takes the cosine below -1 for the first face, and keeps it above for the second where
+// the directions are not brought to length 1.
+TEST_F(TarnOIShapeFaceSeparatorTest, ExactlyOppositeDirectionsAreHalfATurnWhateverTheirRounding) {
+  tarn::gThreeDViewOffset = {0, 0, 0};
+  int outOfRange = 0;
+  int notOfLengthOne = 0;
+  for (const Point3DDouble& n : {Point3DDouble(-6, -6, -5), Point3DDouble(-6, 4, -6)}) {
+    face.Clear();
+    addTriangle({0, 0, 0}, {n.y, -n.x, 0}, {n.x * n.z, n.y * n.z, -(n.x * n.x + n.y * n.y)});
+    build(0, 1);
+    SbVec3f up;
+    ontoFace().multVec(SbVec3f(0, 1, 0), up);
+    face.SetNameUprightVectorPoints({0, 0, 0}, {-up[0], up[2], -up[1]});
+    build(0, 1);
+    SbVec3f normal;
+    ontoFace().multVec(SbVec3f(0, 0, 1), normal);
+    EXPECT_TRUE(inPlane().equals(SbRotation(normal, static_cast<float>(std::numbers::pi)), 1e-11F));
+    SbVec3f ofLengthOne = up;
+    ofLengthOne.normalize();
+    outOfRange += ofLengthOne.dot(-ofLengthOne) < -1.0F;
+    notOfLengthOne += up.dot(-ofLengthOne) > -1.0F && ofLengthOne.dot(-ofLengthOne) <= -1.0F;
+  }
+  EXPECT_EQ(outOfRange, 1) << "else the test cannot tell";
+  EXPECT_EQ(notOfLengthOne, 1) << "else the test cannot tell";
+}
+
+TEST_F(TarnOIShapeFaceSeparatorTest, ThePlaceOfTheNameIsAskedForOnSideZero) {
+  struct HostFace : tarn::ShapeFace {
+    int GetNameUprightVectorPoints(Point3DDouble&, Point3DDouble&, int side) const override {
+      sides.push_back(side);
+      return 0;
+    }
+    mutable std::vector<int> sides;
+  } ofHost;
+  node->SetNurbsSurface(&ofHost, &dictionary, nullptr, nullptr, nullptr, nullptr, nullptr, 0, 1,
+                        1.5F);
+  EXPECT_THAT(ofHost.sides, ElementsAre(0));
+  EXPECT_EQ(node->getNumChildren(), 0);
+  node.reset();  // before its face
 }
 
 TEST_F(TarnOIShapeFaceSeparatorTest, AtTheThresholdItselfTheShortestTurnIsTaken) {
