@@ -96,7 +96,7 @@ void leaveJumpsOut(std::vector<Corners>& triangles, std::span<const Vertex> vert
   const double longest = StationSurface::longestEdge * *median;
   std::erase_if(triangles, [&](const Corners& corners) {
     return !std::ranges::all_of(edgesOf(vertices, corners, eye), [longest](const Edge& edge) {
-      return edge.length <= longest &&
+      return edge.length > 0.0 && edge.length <= longest &&
              edge.length <= StationSurface::mostForeshortened * edge.across;
     });
   });

@@ -11,7 +11,8 @@ class SurfaceGroup;
 namespace StationSurface {
 
 /// Triangles are left out that have an edge more than so many times as long as it looks from the
-/// station, or than the median edge: they span a jump in depth or a gap.
+/// station, or than the median edge: they span a jump in depth or a gap. So are those whose corners
+/// are not three different places.
 constexpr double mostForeshortened = 4.0;
 constexpr double longestEdge = 8.0;
 

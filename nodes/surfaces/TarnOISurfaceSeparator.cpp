@@ -101,6 +101,7 @@ void fetchAhead([[maybe_unused]] const tarn::VOrdCollect& vertices, [[maybe_unus
   constexpr int ahead = 16;
   constexpr int line = 64;
   const auto* vertex = reinterpret_cast<const char*>(vertices.at(i + ahead));
+  if (!vertex) return;
   __builtin_prefetch(vertex);
   __builtin_prefetch(vertex + line);
 #endif

@@ -106,6 +106,16 @@ TEST_F(StationSurfaceTest, LeavesOutWhatSpansAJumpInDepth) {
   }
 }
 
+TEST_F(StationSurfaceTest, APointThatIsMarkedTwiceIsACornerOnce) {
+  addGrid(5);
+  auto* middle = static_cast<tarn::ObjectPoint*>(project.GetObjectPoints().at(12));
+  middle->AddMarkedPoint(&photograph.AddMarkedPoint({503.0, 501.0}));
+  const int count = triangles();
+  for (int t = 0; t < count; ++t) {
+    for (int k = 0; k < 3; ++k) EXPECT_NE(corner(t, k), corner(t, (k + 1) % 3));
+  }
+}
+
 TEST_F(StationSurfaceTest, LeavesOutWhatSpansAGap) {
   addGrid(5);
   const int before = triangles();

@@ -2,6 +2,7 @@
 
 #include <Inventor/nodes/SoLightModel.h>
 #include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoPickStyle.h>
 #include <Inventor/nodes/SoPolygonOffset.h>
 #include <Inventor/nodes/SoShapeHints.h>
 
@@ -58,7 +59,10 @@ SurfaceGroupLayer::SurfaceGroupLayer(tarn::Project& project, const tarn::CameraS
   auto* color = new SoMaterial;
   color->diffuseColor = picture.empty() ? SbColor(0.8F, 0.78F, 0.72F) : SbColor(1.0F, 1.0F, 1.0F);
   separator->addChild(color);
-  // Behind the symbols of its points.
+  // Points on it are picked through it, and drawn before it.
+  auto* picking = new SoPickStyle;
+  picking->style = SoPickStyle::UNPICKABLE;
+  separator->addChild(picking);
   separator->addChild(new SoPolygonOffset);
   const auto hints = makeNode<SoShapeHints>();
   hints->vertexOrdering = SoShapeHints::COUNTERCLOCKWISE;

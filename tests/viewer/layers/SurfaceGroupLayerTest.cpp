@@ -1,13 +1,18 @@
 #include "viewer/layers/SurfaceGroupLayer.h"
 
+#include <Inventor/SoPickedPoint.h>
+#include <Inventor/actions/SoRayPickAction.h>
+#include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoIndexedFaceSet.h>
 #include <Inventor/nodes/SoLightModel.h>
+#include <Inventor/nodes/SoPickStyle.h>
 #include <Inventor/nodes/SoShapeHints.h>
 #include <Inventor/nodes/SoTextureCoordinate2.h>
 
 #include "host/model/Project.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/framework/ViewerFrame.h"
 #include "nodes/surfaces/TarnOISurfaceSeparator.h"
 #include "tests/support/NodesBelow.h"
 #include "tests/support/PictureFiles.h"
@@ -71,6 +76,24 @@ TEST_F(SurfaceGroupLayerTest, ShowsItFromBothSides) {
   const auto* hints = nodesBelow<SoShapeHints>(layer->root()).at(0);
   EXPECT_EQ(hints->vertexOrdering.getValue(), SoShapeHints::COUNTERCLOCKWISE);
   EXPECT_EQ(hints->shapeType.getValue(), SoShapeHints::UNKNOWN_SHAPE_TYPE);
+}
+
+TEST_F(SurfaceGroupLayerTest, PointsArePickedThroughIt) {
+  layer.emplace(project, station(), context);
+  SoPickStyle* style = nodesBelow<SoPickStyle>(layer->root()).at(0);
+  const SbViewportRegion viewport(300, 200);
+  SoRayPickAction pick(viewport);
+  const auto* coordinates = nodesBelow<SoCoordinate3>(layer->root()).at(0);
+  const auto* faces = nodesBelow<SoIndexedFaceSet>(layer->root()).at(0);
+  SbVec3f middle(0, 0, 0);
+  for (int k = 0; k < 3; ++k) middle += coordinates->point[faces->coordIndex[k]] / 3.0F;
+  const SbVec3f eye = ViewerFrame::fromModel(station().GetPosition());
+  pick.setRay(eye, middle - eye);
+  pick.apply(layer->root());
+  EXPECT_EQ(pick.getPickedPoint(), nullptr);
+  style->style = SoPickStyle::SHAPE;
+  pick.apply(layer->root());
+  EXPECT_NE(pick.getPickedPoint(), nullptr) << "else the test cannot fail";
 }
 
 TEST_F(SurfaceGroupLayerTest, IsFoundByItsGroup) {
