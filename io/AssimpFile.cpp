@@ -13,7 +13,6 @@
 #include <assimp/scene.h>
 #include <bit>
 #include <cmath>
-#include <filesystem>
 #include <map>
 #include <unordered_map>
 
@@ -229,8 +228,7 @@ private:
 
 }  // namespace
 
-bool isKnown(const std::string& path) {
-  const std::string extension = std::filesystem::path(path).extension();
+bool isKnown(const std::string& extension) {
   return extension.size() > 1 && Assimp::Importer().IsExtensionSupported(extension.c_str());
 }
 

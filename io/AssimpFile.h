@@ -12,8 +12,8 @@ namespace tarn {
 /// of OBJ files' materials.
 namespace assimpFile {
 
-/// Whether the library reads files of that name's extension.
-bool isKnown(const std::string& path);
+/// Whether the library reads files of that extension, its dot included.
+bool isKnown(const std::string& extension);
 
 /// Reads the surfaces of a file, as they are placed in it, points at one place as one. Throws
 /// ReadError when the library refuses it, a coordinate is not finite, or there are no triangles.

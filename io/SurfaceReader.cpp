@@ -5,6 +5,7 @@
 #include "io/AssimpFile.h"
 #include "io/FileContent.h"
 #include "io/ObjFile.h"
+#include "io/PlyReader.h"
 #include "io/ReadError.h"
 #include "io/SurfaceProject.h"
 
@@ -21,11 +22,11 @@ namespace tarn {
 
 namespace {
 
-bool hasObjExtension(const std::string& path) {
+std::string extensionOf(const std::string& path) {
   std::string extension = fs::path(path).extension();
   std::ranges::transform(extension, extension.begin(),
                          [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return extension == ".obj";
+  return extension;
 }
 
 void say(const std::string& path, const std::vector<std::string>& notes) {
@@ -95,7 +96,9 @@ void readObj(const std::string& path, std::string_view text, SurfaceModel& model
 bool SurfaceReader::IsSurfaceFile(const std::string& path) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return false;
-  if (assimpFile::isKnown(path)) return true;
+  const std::string extension = extensionOf(path);
+  if (extension == ".ply" && PlyReader::IsPlyFile(path)) return true;
+  if (extension != ".ply" && assimpFile::isKnown(extension)) return true;
   std::ifstream file(path, std::ios::binary);
   std::string begin(std::size_t{1} << 16, '\0');
   file.read(begin.data(), static_cast<std::streamsize>(begin.size()));
@@ -109,7 +112,7 @@ std::vector<ImportedSurface*> SurfaceReader::Read(const std::string& path, Proje
   {
     const FileContent content(path, "a file of surfaces");
     ReadProgress reading(progress, "Reading surfaces");
-    if (hasObjExtension(path) || (!assimpFile::isKnown(path) && ObjFile::isObj(content.bytes()))) {
+    if (extensionOf(path) == ".obj" || ObjFile::isObj(content.bytes())) {
       readObj(path, content.bytes(), model, reading);
     } else {
       assimpFile::read(path, model, reading);

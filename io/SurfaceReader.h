@@ -27,8 +27,8 @@ class Project;
 /// back: where it has normals, no border, and its volume inside.
 class TARN_IO_EXPORT SurfaceReader {
 public:
-  /// Whether it is a file that begins as an OBJ file does, or has the extension of one that can be
-  /// read; false where there is none.
+  /// Whether it is a file that begins as an OBJ file does, or has the extension of another that can
+  /// be read (a PLY file must begin as one, too); false where there is none.
   static bool IsSurfaceFile(const std::string& path);
 
   /// Reads the file and adds its surfaces to the project, which owns them. Throws ReadError when

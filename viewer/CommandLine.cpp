@@ -202,7 +202,7 @@ CommandLine::Parsed CommandLine::parse(const std::vector<std::string>& arguments
   app.footer(CommandLineHelp::examples);
   app.set_version_flag("--version", "tarnview " TARN_VERSION, "Print the version");
   app.add_option("PROJECT", line.project,
-                 "Folder of a COLMAP model, the one above it, or a PLY file");
+                 "Folder of a COLMAP model, the one above it, a PLY file or one of surfaces (OBJ)");
   addOption(app, "--render", "FILE", "Draw into this PNG file, without a window", line.renderFile,
             parseFileName);
   addOption(app, "--size", "WxH", "Size of the picture in pixels [1600x1200]", line.size,

@@ -9,7 +9,8 @@ const char* const description =
     ".txt), or the folder above it, in which the model is looked for in sparse/, sparse/0/\n"
     "and 0/. The photographs are looked for in a folder images/ beside the model, a dense\n"
     "cloud or mesh beside the model and in dense/: fused.ply, cloud.ply, meshed-poisson.ply\n"
-    "or meshed-delaunay.ply. Or PROJECT is a PLY file by itself, a cloud or a mesh.\n"
+    "or meshed-delaunay.ply. Or PROJECT is a PLY file by itself, a cloud or a mesh, or a\n"
+    "file of surfaces: OBJ with its materials and textures, STL, OFF, glTF, Collada or 3DS.\n"
     "\n"
     "Without --render, --write, --profile or --nodes a window opens.";
 
@@ -40,6 +41,8 @@ const char* const examples =
     "      cuts a cloud from left to right and writes the profile\n"
     "  tarnview project --cloud cloud.ply --view top --render map.png\n"
     "      shows a cloud that is kept elsewhere with the project\n"
+    "  tarnview house.obj --render house.png\n"
+    "      draws a textured surface\n"
     "  tarnview examples/demo --write demo.iv\n"
     "      writes the scene for any Open Inventor program\n"
     "  tarnview --nodes\n"

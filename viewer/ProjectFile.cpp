@@ -4,6 +4,7 @@
 #include "io/ColmapReader.h"
 #include "io/PlyReader.h"
 #include "io/ReadError.h"
+#include "io/SurfaceReader.h"
 #include "viewer/DenseCloud.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ std::string listed(const std::vector<std::string>& names) {
   return text.empty() ? "none" : text;
 }
 
-// What is there that is no PLY file, as far as its first bytes tell.
+// What is there that is none of the files that are read, as far as its first bytes tell.
 std::string describe(const std::string& path) {
   std::error_code ignored;
   const fs::file_status status = fs::status(path, ignored);
@@ -59,13 +60,26 @@ void readPly(const std::string& path, const char* expected, tarn::Project& proje
   tarn::PlyReader::Read(path, project, progress);
 }
 
+// A PLY file is a cloud or a mesh, which is more than a surface: it has colours and heights.
+void readFile(const std::string& path, tarn::Project& project,
+              const tarn::ProgressHandler& progress) {
+  if (!tarn::PlyReader::IsPlyFile(path) && tarn::SurfaceReader::IsSurfaceFile(path)) {
+    tarn::SurfaceReader::Read(path, project, progress);
+    return;
+  }
+  readPly(path,
+          "the folder of a COLMAP model, a PLY file or a file of surfaces (OBJ, STL, OFF, glTF, "
+          "Collada or 3DS)",
+          project, progress);
+}
+
 }  // namespace
 
 std::string open(const std::string& path, tarn::Project& project, const Options& options) {
   std::error_code ignored;
   const bool isFile = !fs::is_directory(path, ignored);
   if (isFile) {
-    readPly(path, "the folder of a COLMAP model or a PLY file", project, options.progress);
+    readFile(path, project, options.progress);
   } else {
     tarn::ColmapReader::Options model;
     model.progress = options.progress;

@@ -27,8 +27,8 @@ struct Options {
 };
 
 /// Reads what is at `path`: a COLMAP model's folder or the one above it, with its dense cloud,
-/// or a PLY file. What a file is decides its content, not its name. Throws tarn::ReadError when
-/// it is refused.
+/// a PLY file, or a file of surfaces as SurfaceReader reads it. What a file is decides its content
+/// as far as it tells. Throws tarn::ReadError when it is refused.
 /// @return why a dense cloud that was found, not named, is left out; else empty
 std::string open(const std::string& path, tarn::Project& project, const Options& options);
 

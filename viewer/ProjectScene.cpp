@@ -48,6 +48,7 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
       context(options.progress),
       viewFraming(framingWithOffset(project)),
       stations(project, {options.imagePlanes, options.frusta}, viewFraming, context),
+      surfaces(project, context),
       points(project, {options.ellipsoidScale, options.mostPointNodes}, context),
       rays(context),
       sceneRoot(makeNode<SoSeparator>()),
@@ -56,6 +57,7 @@ ProjectScene::ProjectScene(tarn::Project& project, const Options& options)
       groundPlane(*sceneRoot, project, viewFraming) {
   addSurroundings(project.GetObjectPoints().size());
   sceneRoot->addChild(stations.root());
+  sceneRoot->addChild(surfaces.root());
   sceneRoot->addChild(points.root());
   sceneRoot->addChild(rays.root());
   sceneRoot->addChild(axis.root());
@@ -215,6 +217,7 @@ void ProjectScene::setColor(std::optional<CommandLine::Color> color) {
 
 std::vector<std::string> ProjectScene::notes() const {
   std::vector<std::string> all = meshes->notes();
+  all.insert(all.end(), surfaces.notes().begin(), surfaces.notes().end());
   if (contours) all.insert(all.end(), contours->notes().begin(), contours->notes().end());
   if (showsGroundPlane() && !viewFraming.isZUp()) {
     all.push_back(

@@ -17,6 +17,7 @@
 #include "viewer/layers/SceneContext.h"
 #include "viewer/layers/StationLayer.h"
 #include "viewer/layers/SurfaceGroupLayer.h"
+#include "viewer/layers/SurfaceLayer.h"
 
 #include <optional>
 #include <string>
@@ -28,10 +29,10 @@ class SoPickedPoint;
 /// A project as a scene graph.
 ///
 /// The root's children: the background where it is a gradient, a light and what else holds
-/// for all, the camera, then the layers (camera stations, point meshes, contours, a
-/// photograph's surface, object points, rays), the axes, the ground plane, and last what is drawn
-/// over all else: a point that is marked, which stands there a second time. The light stands ahead
-/// of the camera and so shines from the eye.
+/// for all, the camera, then the layers (camera stations, imported surfaces, point meshes,
+/// contours, a photograph's surface, object points, rays), the axes, the ground plane, and last
+/// what is drawn over all else: a point that is marked, which stands there a second time. The light
+/// stands ahead of the camera and so shines from the eye.
 ///
 ///     tarn::Project project;
 ///     ProjectFile::open("examples/demo", project, {});
@@ -155,6 +156,7 @@ private:
   SceneContext context;
   ViewFraming viewFraming;
   StationLayer stations;
+  SurfaceLayer surfaces;
   std::optional<MeshLayer> meshes;
   std::optional<ContourLayer> contours;
   std::optional<SurfaceGroupLayer> surface;

@@ -12,6 +12,7 @@
 
 #include "host/general/DisplayBitmaps.h"
 #include "host/model/CameraStation.h"
+#include "host/model/ImportedSurface.h"
 #include "host/model/ObjectName.h"
 #include "host/model/ObjectPoint.h"
 #include "host/model/PointMesh.h"
@@ -139,6 +140,10 @@ private:
       if (object->isA(tarn::PointMeshCls)) {
         return SceneWriter::legalName("Mesh_" +
                                       static_cast<tarn::PointMesh*>(object)->GetName().str());
+      }
+      if (object->isA(tarn::ImportedSurfaceCls)) {
+        return SceneWriter::legalName("Surface_" +
+                                      static_cast<tarn::ImportedSurface*>(object)->GetName().str());
       }
       return {};
     }

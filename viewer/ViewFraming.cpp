@@ -3,6 +3,8 @@
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
+#include "host/model/ImportedLine.h"
+#include "host/model/ImportedSurface.h"
 #include "host/model/Project.h"
 #include "nodes/framework/ViewerFrame.h"
 
@@ -96,17 +98,36 @@ SbRotation rotationOf(const ViewFraming::Axes& axes) {
   return SbRotation(matrix);
 }
 
-// Some of a mesh's points, spread over it: enough for its box. One out of each so many, but
-// not at the same place among them: points often come in rows.
-void sample(const tarn::PointMesh& mesh, std::vector<Point>& points) {
+// Takes some of so many, spread over them: enough for their box. One out of each so many, but not
+// at the same place among them: points often come in rows.
+template <typename Take>
+void sample(int count, Take take) {
   constexpr int enough = 50'000;
-  const int step = mesh.GetNumPoints() / enough + 1;
-  const int steps = mesh.GetNumPoints() / step;
+  const int step = count / enough + 1;
+  const int steps = count / step;
   for (int i = 0; i < steps; ++i) {
     const int place = static_cast<int>((static_cast<unsigned>(i) * 2654435761U >> 8) %
                                        static_cast<unsigned>(step));
-    points.push_back(mesh.GetModelPoint(i * step + place));
+    take(i * step + place);
   }
+}
+
+void sample(const tarn::PointMesh& mesh, std::vector<Point>& points) {
+  sample(mesh.GetNumPoints(), [&](int i) { points.push_back(mesh.GetModelPoint(i)); });
+}
+
+void take(const tarn::ThreeDPoint* point, std::vector<Point>& points) {
+  tarn::Point3DRandom position;
+  if (point && point->GetApproximation(position)) points.push_back(position.position());
+}
+
+void sample(tarn::Surface& surface, std::vector<Point>& points) {
+  const tarn::VOrdCollect* triangles = surface.GetTriangles();
+  if (!triangles) return;
+  sample(triangles->size(), [&](int i) {
+    const auto* triangle = static_cast<const tarn::Triangle*>(triangles->at(i));
+    for (int corner = 0; corner < 3; ++corner) take(triangle->GetPoint(corner), points);
+  });
 }
 
 }  // namespace
@@ -122,6 +143,17 @@ ViewFraming::ViewFraming(const tarn::Project& project) {
   const tarn::VOrdCollect& meshes = project.GetPointMeshes();
   for (int i = 0; i < meshes.size(); ++i) {
     sample(*static_cast<tarn::PointMesh*>(meshes.at(i)), points);
+  }
+  // What was modelled has no outliers: the few corners of the ground may be as far as they like.
+  std::vector<Point> modelled;
+  const tarn::VOrdCollect& surfaces = project.GetImportedSurfaces();
+  for (int i = 0; i < surfaces.size(); ++i) {
+    sample(*static_cast<tarn::ImportedSurface*>(surfaces.at(i)), modelled);
+  }
+  const tarn::VOrdCollect& lines = project.GetImportedLines();
+  for (int i = 0; i < lines.size(); ++i) {
+    const auto* line = static_cast<tarn::ImportedLine*>(lines.at(i));
+    for (int end = 0; end < 2; ++end) take(line->GetThreeDPoint(end), modelled);
   }
   std::vector<Point> stations;
   const tarn::VOrdCollect& allStations = project.GetCameraStations();
@@ -140,14 +172,16 @@ ViewFraming::ViewFraming(const tarn::Project& project) {
   }
   spacing = medianNearestDistance(stations);
 
-  framed = withoutOutliers(points.empty() ? stations : points);
+  const bool hasObjects = !points.empty() || !modelled.empty();
+  framed = withoutOutliers(hasObjects ? points : stations);
+  framed.insert(framed.end(), modelled.begin(), modelled.end());
   for (const Point& point : framed) extents.Add(point);
   Point low;
   Point high;
   if (extents.GetExtents(low, high) && (high - low).length() > 0.0) {
     diagonal = (high - low).length();
   }
-  if (points.empty()) return;
+  if (!hasObjects) return;
   // A station far out of all proportion is an outlier too.
   constexpr double farAway = 20.0;
   const Point centre = extents.GetCentre();

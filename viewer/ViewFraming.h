@@ -23,12 +23,12 @@ class Project;
 /// viewer frame.
 class ViewFraming {
 public:
-  /// Looks at the project's object points, oriented stations and point meshes (of large ones
-  /// at every so manyth point).
+  /// Looks at the project's object points, oriented stations, imported lines, and at point meshes
+  /// and imported surfaces (of large ones at every so manyth point or triangle).
   explicit ViewFraming(const tarn::Project& project);
 
-  /// The box of the object points and meshes without outliers; of the stations when there are
-  /// no points.
+  /// The box of the object points and meshes without outliers, and of the surfaces and lines; of
+  /// the stations when there is none of these.
   const tarn::Extents& objectExtents() const { return extents; }
   /// The length of that box's diagonal; 1 when it has none.
   double objectDiagonal() const { return diagonal; }

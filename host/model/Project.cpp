@@ -184,6 +184,31 @@ void Project::GetProjectExtents(Extents& extents, BasicAffine* affine, int withS
     const auto* point = static_cast<const AffineObjectNPoint*>(object);
     if (point->HasPosition()) add(point->GetPosition());
   }
+  const auto addPoint = [&add](const ThreeDPoint* point) {
+    Point3DRandom position;
+    if (point && point->GetApproximation(position)) add(position.position());
+  };
+  const auto addCorners = [&addPoint](const VOrdCollect* triangles) {
+    for (int i = 0; triangles && i < triangles->size(); ++i) {
+      const auto* triangle = static_cast<const Feature*>(triangles->at(i));
+      for (int corner = 0; corner < 3; ++corner) addPoint(triangle->GetThreeDPoint(corner));
+    }
+  };
+  const VOrdCollect& groups = GetSurfaceGroups();
+  for (int i = 0; i < groups.size(); ++i) {
+    addCorners(static_cast<SurfaceGroup*>(groups.at(i))->GetSelsCollection(0));
+  }
+  for (const VOrdCollect* surfaces :
+       {&GetNURBSSurfaces(), &GetNURBSSurfaceCylinders(), &GetImportedSurfaces()}) {
+    for (int i = 0; i < surfaces->size(); ++i) {
+      addCorners(static_cast<Surface*>(surfaces->at(i))->GetTriangles());
+    }
+  }
+  const VOrdCollect& importedLines = GetImportedLines();
+  for (int i = 0; i < importedLines.size(); ++i) {
+    const auto* line = static_cast<const ImportedLine*>(importedLines.at(i));
+    for (int end = 0; end < 2; ++end) addPoint(line->GetThreeDPoint(end));
+  }
   addBoxes(extents, GetPointMeshes(), affine, 0);
   if (!withStations) return;
   const VOrdCollect& stations = GetCameraStations();

@@ -205,14 +205,18 @@ protected:
     SurfaceReaderRefusalTest::SetUp();
     folder.write("m.mtl", materials);
     folder.write("a b.jpg", "a picture");
-    EXPECT_EQ(refusal(whole), "");
+    model = folder.write("model.obj", whole);
+    EXPECT_EQ(refusalOf(model), "");
     takeWarnings();
   }
 
   // Reads the file, and tells how often it was refused.
   void damage(std::string content, bool ofMaterials) {
-    const std::string text =
-        ofMaterials ? (folder.write("m.mtl", content), refusal(whole)) : refusal(content);
+    // A new file: writing over one waits for the disk.
+    const std::string name = ofMaterials ? "m.mtl" : "bad.obj";
+    unlink(folder.file(name).c_str());
+    folder.write(name, content);
+    const std::string text = ofMaterials ? refusalOf(model) : refusalOf(folder.file(name));
     takeWarnings();
     EXPECT_TRUE(!ofMaterials || text.empty()) << text;
     refused += !text.empty();
@@ -238,6 +242,7 @@ protected:
     }
   }
 
+  std::string model;  // the whole file
   int refused = 0;
   int all = 0;
 };

@@ -538,6 +538,9 @@ TEST_F(SurfaceReaderTest, AnObjFileIsKnownByItsContentOrItsName) {
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("b", "v 1 2 3\n")));
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("c.OBJ", "nonsense")));
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("d.stl", "solid\n")));
+  EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("d.ply", "ply\nformat ascii 1.0\n")));
+  EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("e.ply", "v 1 2 3\n")));
+  EXPECT_FALSE(SurfaceReader::IsSurfaceFile(folder.write("f.ply", "plywood\n")));
   EXPECT_FALSE(SurfaceReader::IsSurfaceFile(folder.write("e.txt", "very much\n")));
   EXPECT_FALSE(SurfaceReader::IsSurfaceFile(folder.write("f", "")));
   EXPECT_FALSE(SurfaceReader::IsSurfaceFile(folder.path()));
@@ -545,6 +548,7 @@ TEST_F(SurfaceReaderTest, AnObjFileIsKnownByItsContentOrItsName) {
 }
 
 TEST_F(SurfaceReaderTest, AnObjFileOfAnotherNameIsRead) {
+  EXPECT_EQ(read(triangle + normals + "f 1//1 2//1 3//1\n", "m.ply").GetTriangles()->size(), 1);
   EXPECT_EQ(read(triangle + normals + "f 1//1 2//1 3//1\n", "model.txt").GetTriangles()->size(), 1);
 }
 

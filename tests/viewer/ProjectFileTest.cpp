@@ -28,6 +28,9 @@ protected:
   const std::string onePoint =
       "ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\nproperty float y\n"
       "property float z\nend_header\n1 2 3\n";
+  const std::string expected =
+      ", expected the folder of a COLMAP model, a PLY file or a file of surfaces (OBJ, STL, OFF, "
+      "glTF, Collada or 3DS)";
   tarn::Project project;
   TemporaryFolder folder;
 };
@@ -69,7 +72,7 @@ TEST_F(ProjectFileTest, ProjectWithoutPointsSaysNone) {
 TEST_F(ProjectFileTest, PathThatIsNoModelIsNamed) {
   const std::string absent = folder.file("absent");
   EXPECT_EQ(refusal([&] { ProjectFile::open(absent, project, {}); }),
-            absent + ": found nothing, expected the folder of a COLMAP model or a PLY file");
+            absent + ": found nothing" + expected);
   EXPECT_THAT(refusal([&] { ProjectFile::open(folder.path(), project, {}); }),
               ::testing::StartsWith(folder.path() + ": found no COLMAP model, expected cameras"));
 }
@@ -83,14 +86,34 @@ TEST_F(ProjectFileTest, FileIsWhatItsContentSaysWhateverItsName) {
     const std::string file = folder.write(name, content);
     return refusal([&] { ProjectFile::open(file, project, {}); }).substr(file.size());
   };
-  const std::string expected = ", expected the folder of a COLMAP model or a PLY file";
   EXPECT_EQ(refused("a.ply", "plywood, birch, 12 mm"),
             ": found a file that begins with \"plywood, birch, \"" + expected);
-  EXPECT_EQ(refused("b.ply", "# OBJ\nv 1 2 3\n"),
+  EXPECT_EQ(refused("b.ply", "# OBJ\nx 1 2 3\n"),
             ": found a file that begins with \"# OBJ\"" + expected);
   EXPECT_EQ(refused("c.ply", "\x89PNG\r\n"), ": found a binary file" + expected);
   EXPECT_EQ(refused("d.ply", ""), ": found an empty file" + expected);
   EXPECT_EQ(project.GetPointMeshes().size(), 1);
+}
+
+TEST_F(ProjectFileTest, FileOfSurfacesIsOpened) {
+  const std::string corners = "v 1 2 3\nv 4 2 3\nv 1 7 3\nvn 0 0 1\nf 1//1 2//1 3//1\n";
+  for (const char* name : {"house.obj", "house.txt", "house.ply"}) {
+    ProjectFile::open(folder.write(name, corners), project, {});
+  }
+  EXPECT_EQ(project.GetImportedSurfaces().size(), 3);
+  EXPECT_EQ(project.GetPointMeshes().size(), 0);
+}
+
+TEST_F(ProjectFileTest, PlyFileIsAMeshAndNoSurface) {
+  ProjectFile::open(folder.write("mesh.ply", onePoint), project, {});
+  EXPECT_EQ(project.GetImportedSurfaces().size(), 0);
+  EXPECT_EQ(project.GetPointMeshes().size(), 1);
+}
+
+TEST_F(ProjectFileTest, DamagedFileOfSurfacesIsRefusedWithItsLine) {
+  const std::string file = folder.write("house.obj", "v 1 2 3\nf 1 2 3\n");
+  EXPECT_EQ(refusal([&] { ProjectFile::open(file, project, {}); }),
+            file + ":2: found the point 3, expected one of the 1 that the file has");
 }
 
 TEST_F(ProjectFileTest, CloudOfAModelIsFoundOrNamedOrLeftOut) {

@@ -53,8 +53,8 @@ protected:
 
 TEST_F(ProjectSceneTest, EveryLayerIsASwitchOverALayerSeparator) {
   ProjectScene scene(project);
-  EXPECT_EQ(count<TarnOISwitch>(scene.root()), 4);
-  EXPECT_EQ(count<TarnOILayerSeparator>(scene.root()), 4);
+  EXPECT_EQ(count<TarnOISwitch>(scene.root()), 5);
+  EXPECT_EQ(count<TarnOILayerSeparator>(scene.root()), 5);
   EXPECT_EQ(count<TarnOICameraStationSeparator>(scene.root()), 12);
   EXPECT_EQ(count<TarnOIObjectPointSeparator>(scene.root()), project.GetObjectPoints().size());
 }

@@ -12,6 +12,7 @@
 
 #include "host/classes/VPathString.h"
 #include "host/general/DisplayBitmaps.h"
+#include "host/model/ImportedSurface.h"
 #include "host/model/ObjectName.h"
 #include "nodes/framework/SoGradientBackground.h"
 #include "nodes/framework/TarnOIDrawStyle.h"
@@ -19,6 +20,7 @@
 #include "nodes/framework/TarnOIMaterialWithPriority.h"
 #include "nodes/framework/TarnOISwitch.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "tests/support/TarnTest.h"
 
 #include <fstream>
@@ -96,6 +98,19 @@ TEST_F(SceneWriterTest, LayerIsNamedAndTextureKeepsItsFileName) {
   EXPECT_THAT(text, HasSubstr(picture));
   EXPECT_THAT(text, Not(HasSubstr("Tarn")));
   EXPECT_THAT(text, Not(HasSubstr("image")));
+  root.reset();
+}
+
+TEST_F(SceneWriterTest, ImportedSurfaceIsNamed) {
+  tarn::ImportedSurface surface;
+  surface.SetName("south wall");
+  auto* node = new TarnOIImportedSurfaceSeparator;
+  root->addChild(node);
+  node->SetTarnObject(&surface, &dictionary);
+  const NodeRef<SoNode> standard = SceneWriter::toStandardNodes(root.get());
+  const SoNode* written = static_cast<SoGroup*>(standard.get())->getChild(0);
+  EXPECT_EQ(written->getTypeId(), SoSeparator::getClassTypeId());
+  EXPECT_STREQ(written->getName().getString(), "Surface_south_wall");
   root.reset();
 }
 

@@ -1,4 +1,5 @@
 #include "nodes/TarnOI.h"
+#include "tests/support/PictureFiles.h"
 #include "tests/support/SourceTree.h"
 #include "tests/support/TarnTest.h"
 #include "viewer/Picture.h"
@@ -153,9 +154,10 @@ TEST_F(TarnviewGLTest, UnknownNamesEndWithTwoAndAreToldWhichThereAre) {
 TEST_F(TarnviewGLTest, RefusedProjectEndsWithOne) {
   const Result result = tarnview("/nowhere --render " + quoted("a.png"));
   EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(
-      result.errors,
-      "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model or a PLY file\n");
+  EXPECT_EQ(result.errors,
+            "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model, a PLY file "
+            "or a file "
+            "of surfaces (OBJ, STL, OFF, glTF, Collada or 3DS)\n");
 }
 
 TEST_F(TarnviewGLTest, PictureThatCannotBeWrittenEndsWithOne) {
@@ -469,6 +471,128 @@ TEST_F(TarnviewGLTest, WrittenSceneHasTheSectionsPointsButNothingThatLiesOnTheSc
 // The written scene is read by a program that knows nothing of this library and drawn by
 // the same renderer: the pictures are the same but for the point symbols, which are
 // Inventor's own there.
+// A box 4 wide, 3 deep and 2 high with a picture on its sides and a red lid, its middle at the
+// place.
+std::string box(double x, double y, double z) {
+  std::ostringstream obj;
+  obj << std::fixed << std::setprecision(3) << "mtllib my box.mtl\n";
+  for (const double height : {-1.0, 1.0}) {
+    for (const auto& [dx, dy] :
+         {std::pair(-2, -1.5), std::pair(2, -1.5), std::pair(2, 1.5), std::pair(-2, 1.5)}) {
+      obj << "v " << x + dx << ' ' << y + dy << ' ' << z + height << '\n';
+    }
+  }
+  obj << "vt 0 0\nvt 1 0\nvt 1 1\nvt 0 1\n"
+         "vn 0 -1 0\nvn 1 0 0\nvn 0 1 0\nvn -1 0 0\nvn 0 0 1\nvn 0 0 -1\nusemtl sides\n";
+  for (int side = 0; side < 4; ++side) {
+    const int next = (side + 1) % 4;
+    const int n = side + 1;
+    obj << "f " << side + 1 << "/1/" << n << ' ' << next + 1 << "/2/" << n << ' ' << next + 5
+        << "/3/" << n << ' ' << side + 5 << "/4/" << n << '\n';
+  }
+  obj << "usemtl lid\nf 5//5 6//5 7//5 8//5\nf 4//6 3//6 2//6 1//6\n";
+  return obj.str();
+}
+
+class TarnviewSurfaceGLTest : public TarnviewGLTest {
+protected:
+  TarnviewSurfaceGLTest() {
+    folder.write("my box.mtl",
+                 "newmtl sides\nKd 1 1 1\nmap_Kd my side.png\nnewmtl lid\nKd 1 0 0\n");
+    // Blue above, green below.
+    Pixels picture(64, 64, 3);
+    for (int y = 0; y < 64; ++y) {
+      for (int x = 0; x < 64; ++x) picture.at(x, y, y < 32 ? 2 : 1) = 255;
+    }
+    folder.write("my side.png", pngOf(picture));
+    folder.write("box.obj", box(0.0, 0.0, 0.0));
+  }
+
+  // Of the colours red, green and blue the strongest at a place of the picture, in fractions of it
+  // to the right and down; -1 for grey.
+  int strongest(const std::string& name, double x, double y) const {
+    const Picture picture = Picture::read(folder.file(name));
+    const std::uint8_t* pixel =
+        picture.at(static_cast<int>(x * picture.width), static_cast<int>(y * picture.height));
+    for (int c = 0; c < 3; ++c) {
+      if (pixel[c] > 2 * pixel[(c + 1) % 3] && pixel[c] > 2 * pixel[(c + 2) % 3]) return c;
+    }
+    return -1;
+  }
+
+  // How many bytes differ by more than so much.
+  int different(const std::string& one, const std::string& other, int most) const {
+    const Picture a = Picture::read(folder.file(one));
+    const Picture b = Picture::read(folder.file(other));
+    EXPECT_EQ(a.bytes.size(), b.bytes.size());
+    int count = 0;
+    for (std::size_t i = 0; i < a.bytes.size(); ++i) {
+      count += std::abs(static_cast<int>(a.bytes[i]) - static_cast<int>(b.bytes[i])) > most;
+    }
+    return count;
+  }
+};
+
+TEST_F(TarnviewSurfaceGLTest, ABoxHasItsPictureOnItsSidesAndItsLid) {
+  for (const std::string view : {"front", "right", "top"}) {
+    const Result result = tarnview(quoted("box.obj") + " --size 200x200 --view " + view +
+                                   " --render " + quoted(view + ".png"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+  }
+  for (const std::string view : {"front.png", "right.png"}) {
+    EXPECT_EQ(strongest(view, 0.5, 0.4), 2) << view;
+    EXPECT_EQ(strongest(view, 0.5, 0.6), 1) << view;
+    EXPECT_EQ(strongest(view, 0.5, 0.02), -1) << view;
+  }
+  EXPECT_EQ(strongest("top.png", 0.5, 0.5), 0);
+}
+
+TEST_F(TarnviewSurfaceGLTest, ABoxFarFromTheOriginLooksAsItDoesNearIt) {
+  folder.write("far.obj", box(500000.123, 4000000.456, 100.789));
+  for (const std::string name : {"box", "far"}) {
+    const Result result =
+        tarnview(quoted(name + ".obj") + " --size 200x150 --render " + quoted(name + ".png"));
+    ASSERT_EQ(result.status, 0) << result.errors;
+  }
+  EXPECT_LT(different("box.png", "far.png", 8), 200);
+}
+
+TEST_F(TarnviewSurfaceGLTest, AWrittenSceneFindsItsTexturesFromAnotherFolder) {
+  std::filesystem::create_directory(folder.file("elsewhere"));
+  // The file is named from where the program runs.
+  const Result written = run("env' -C " + quoted("") + " '" + TARN_VIEW_PROGRAM,
+                             "box.obj --size 400x300 --background plain --render " +
+                                 quoted("ours.png") + " --write " + quoted("elsewhere/scene.iv"));
+  ASSERT_EQ(written.status, 0) << written.errors;
+  EXPECT_THAT(content("elsewhere/scene.iv"), Not(HasSubstr("Tarn")));
+  EXPECT_THAT(content("elsewhere/scene.iv"), HasSubstr("DEF Surface_box Separator"));
+  const Result read = run(TARN_DRAW_PROGRAM,
+                          quoted("elsewhere/scene.iv") + " " + quoted("theirs.png") + " 400 300");
+  ASSERT_EQ(read.status, 0) << read.errors;
+  EXPECT_EQ(read.errors, "");
+  EXPECT_LT(different("ours.png", "theirs.png", 2), 200);
+}
+
+TEST_F(TarnviewSurfaceGLTest, WhatIsMissingIsToldAndTheRestIsDrawn) {
+  std::filesystem::remove(folder.file("my side.png"));
+  const Result result =
+      tarnview(quoted("box.obj") + " --size 100x100 --view top --render " + quoted("a.png"));
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.errors, HasSubstr("box.obj: the texture \"my side.png\" of the material "
+                                       "\"sides\" is not there"));
+  EXPECT_EQ(strongest("a.png", 0.5, 0.5), 0);
+}
+
+TEST_F(TarnviewSurfaceGLTest, ADamagedFileEndsWithOne) {
+  folder.write("bad.obj", "v 1 2 3\nf 1 2 3\n");
+  const Result result = tarnview(quoted("bad.obj") + " --render " + quoted("a.png"));
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.errors, "tarnview: " + folder.file("bad.obj") +
+                               ":2: found the point 3, expected one of the 1 that the file has\n");
+  EXPECT_FALSE(std::filesystem::exists(folder.file("a.png")));
+}
+
 TEST_F(TarnviewGLTest, WrittenSceneLooksTheSameInAProgramThatHasOnlyCoin) {
   folder.write("bowl.ply", bowl(0.0, 0.0, 0.0));
   for (const std::string& options :

@@ -4,6 +4,8 @@
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
+#include "host/model/ImportedLine.h"
+#include "host/model/ImportedSurface.h"
 #include "host/model/Project.h"
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/ViewerFrame.h"
@@ -83,6 +85,41 @@ TEST_F(ViewFramingTest, BoxHoldsPointMeshesWhereTheyStandWithoutTheirOutliers) {
   ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
   EXPECT_NEAR((low - Point3DDouble(5e6, 1000.0, 0.0)).length(), 0.0, 2.0);
   EXPECT_NEAR((high - Point3DDouble(5e6 + 99.0, 1049.0, 6.0)).length(), 0.0, 2.0);
+}
+
+TEST_F(ViewFramingTest, BoxHoldsSurfacesAndLinesToTheirLastCorner) {
+  addBlock();
+  tarn::ImportedSurface& surface = project.AddImportedSurface();
+  const int set = surface.AddTriangleSet();
+  // Many small triangles at one place, and one that reaches far away.
+  tarn::ThreeDPoint& a = surface.AddPoint({100.0, 50.0, 20.0});
+  tarn::ThreeDPoint& b = surface.AddPoint({101.0, 50.0, 20.0});
+  for (int i = 0; i < 1000; ++i) surface.AddTriangle(set, &a, &b, &a);
+  surface.AddTriangle(set, &a, &b, &surface.AddPoint({-500.0, 60.0, 21.0}));
+  tarn::ImportedPoint& end = project.AddImportedPoint();
+  end.SetApproximation(tarn::Point3DRandom(Point3DDouble(100.0, 700.0, -3.0)));
+  project.AddImportedLine().SetThreeDPoints(&end, nullptr);
+  const ViewFraming framing(project);
+  Point3DDouble low;
+  Point3DDouble high;
+  ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
+  EXPECT_EQ(low, Point3DDouble(-500.0, 45.0, -3.0));
+  EXPECT_EQ(high, Point3DDouble(110.0, 700.0, 22.5));
+}
+
+TEST_F(ViewFramingTest, BoxOfALargeSurfaceIsThatOfSomeOfItsTriangles) {
+  tarn::ImportedSurface& surface = project.AddImportedSurface();
+  const int set = surface.AddTriangleSet();
+  for (int i = 0; i < 120'000; ++i) {
+    tarn::ThreeDPoint& corner = surface.AddPoint({i % 100 * 1.0, i / 100 % 50 * 1.0, i % 7 * 1.0});
+    surface.AddTriangle(set, &corner, &corner, &corner);
+  }
+  const ViewFraming framing(project);
+  Point3DDouble low;
+  Point3DDouble high;
+  ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
+  EXPECT_NEAR(low.length(), 0.0, 2.0);
+  EXPECT_NEAR((high - Point3DDouble(99.0, 49.0, 6.0)).length(), 0.0, 2.0);
 }
 
 TEST_F(ViewFramingTest, UpIsZUnlessTheStationsStandUprightAboutAnotherDirection) {

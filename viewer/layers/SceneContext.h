@@ -13,5 +13,6 @@ struct SceneContext {
   tarn::ProgressHandler progress;  ///< may be empty
   tarn::VDictionary objects;       ///< finds the node of a model object
   tarn::VDictionary layers;        ///< finds the separator of a layer's name
+  tarn::VDictionary textures;      ///< finds the texture of a picture's path
   NodeRef<TarnOIMaterialWithPriority> highlightMaterial;
 };

@@ -1,5 +1,8 @@
 #include "host/model/Project.h"
 
+#include "host/model/ImportedLine.h"
+#include "host/model/ImportedSurface.h"
+#include "host/model/SurfaceGroup.h"
 #include "tests/support/TarnTest.h"
 
 #include <algorithm>
@@ -160,6 +163,24 @@ TEST_F(ProjectTest, ExtentsHoldEveryKindOfPointThatHasAPosition) {
   project.AddThreeDPoint();
   project.AddAffineObjectNPoint();
   expectBox(project.GetProjectExtents(nullptr, 0, 1), {-40.0, 0.0, 0.0}, {0.0, 30.0, 20.0});
+}
+
+TEST_F(ProjectTest, ExtentsHoldTheCornersOfSurfacesAndTheEndsOfLines) {
+  tarn::ImportedSurface& surface = project.AddImportedSurface();
+  surface.AddTriangle(surface.AddTriangleSet(), &surface.AddPoint({1.0, 2.0, 3.0}),
+                      &surface.AddPoint({4.0, -5.0, 6.0}), nullptr);
+  surface.AddPoint({100.0, 100.0, 100.0});  // of no triangle
+  tarn::ImportedPoint& end = project.AddImportedPoint();
+  end.SetApproximation(tarn::Point3DRandom(tarn::Point3DDouble(2.0, 0.0, 70.0)));
+  project.AddImportedLine().SetThreeDPoints(nullptr, &end);
+  tarn::ThreeDPoint far;
+  far.SetApproximation(tarn::Point3DRandom(tarn::Point3DDouble(-8.0, 0.0, 4.0)));
+  tarn::ThreeDPoint nowhere;
+  project.AddSurfaceGroup().AddElement(&far, &nowhere, &far);
+  expectBox(project.GetProjectExtents(nullptr, 0, 1), {-8.0, -5.0, 3.0}, {4.0, 2.0, 70.0});
+  tarn::BasicAffine shift;
+  shift.SetTranslation({}, {100.0, 200.0, 300.0});
+  expectBox(project.GetProjectExtents(&shift, 0, 1), {92.0, 195.0, 303.0}, {104.0, 202.0, 370.0});
 }
 
 TEST_F(ProjectTest, ExtentsWithoutPositionsAreEmptyWhateverIsListed) {
