@@ -7,6 +7,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 
 #include "tests/support/Children.h"
+#include "tests/support/SignalCount.h"
 #include "tests/support/TarnTest.h"
 
 using ::testing::ElementsAre;
@@ -61,6 +62,13 @@ TEST_F(LineSegmentTest, EndsThatAreInTheViewerFrameAlreadyAreWrittenAsTheyAre) {
   ASSERT_EQ(coordinates->point.getNum(), 2);
   EXPECT_EQ(coordinates->point[0], SbVec3f(1, 2, 3));
   EXPECT_EQ(coordinates->point[1], SbVec3f(4, 5, 6));
+}
+
+TEST_F(LineSegmentTest, BothEndsAreSignalledOnce) {
+  SoCoordinate3* coordinates = LineSegment::append(*node);
+  const SignalCount signals(coordinates);
+  LineSegment::place(*coordinates, ends);
+  EXPECT_EQ(signals.count(), 1);
 }
 
 TEST_F(LineSegmentTest, FurtherCoordinatesStay) {

@@ -132,6 +132,13 @@ TEST_F(TarnOICurveSeparatorTest, PointsOfALongerCurveStayAndAreNotDrawn) {
   EXPECT_THAT(countsOf(*node), ElementsAre(2));
 }
 
+TEST_F(TarnOICurveSeparatorTest, LinesThatAHostAddedToTheSetAreDropped) {
+  show();
+  static_cast<SoLineSet*>(node->getChild(1))->numVertices.set1Value(1, 2);
+  show();
+  EXPECT_THAT(countsOf(*node), ElementsAre(3));
+}
+
 TEST_F(TarnOICurveSeparatorTest, TheLastCoordinatesAndLineSetAreTheCurves) {
   show();
   auto strangers = makeNode<SoCoordinate3>();

@@ -3,6 +3,7 @@
 #include "host/model/ImportedPoint.h"
 #include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "tests/nodes/surfaces/TriangleSetsFixture.h"
+#include "tests/support/SignalCount.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -169,6 +170,16 @@ TEST_F(TarnOINurbsSurfaceSeparatorTest, ACornerWithoutPositionIsReportedAndStays
               ElementsAre(shownCorner(0, 0), shownCorner(0, 0), shownCorner(0, 0)));
 }
 
+TEST_F(TarnOINurbsSurfaceSeparatorTest, TheCornerBeforeMayBeOneOfTheSetBefore) {
+  tarn::ThreeDPoint nowhere;
+  addSet();
+  addSet().SetPoint(0, &nowhere);
+  build();
+  EXPECT_THAT(takeAssertions(),
+              ElementsAre(IsAssertionAt("0", "TarnOINurbsSurfaceSeparator", 213)));
+  EXPECT_EQ(childAt<SoCoordinate3>(*node, 2)->point[0], shownCorner(0, 2));
+}
+
 TEST_F(TarnOINurbsSurfaceSeparatorTest, AnInactiveImportedCornerStandsAtItsStoredPosition) {
   tarn::ImportedPoint imported;
   imported.SetActive(0);
@@ -204,6 +215,16 @@ TEST_F(TarnOINurbsSurfaceSeparatorTest, WithoutBlendingEachTexturedSetPutsTheNeu
   EXPECT_EQ(inShort(*node), "H M M T0 T1");
   EXPECT_EQ(node->getChild(1), node->neutralMaterial.get());
   EXPECT_EQ(node->getChild(2), node->neutralMaterial.get());
+}
+
+TEST_F(TarnOINurbsSurfaceSeparatorTest, AnyDiffuseTypeButZeroIsTextured) {
+  addSet(brick.get());
+  surface.SetMaterial(&textured);
+  for (const int type : {2, -1}) {
+    textured.SetDiffuseType(type);
+    build();
+    EXPECT_EQ(inShort(*node), "H M T0") << type;
+  }
 }
 
 TEST_F(TarnOINurbsSurfaceSeparatorTest, WithBlendingThereIsNoNeutralMaterial) {
@@ -253,6 +274,16 @@ TEST_F(TarnOINurbsSurfaceSeparatorTest, ASecondBuildDropsAllThatWasThere) {
   build();
   EXPECT_EQ(inShort(*node), "H T0");
   EXPECT_EQ(node->getChild(0), doubleSided.get());
+}
+
+TEST_F(TarnOINurbsSurfaceSeparatorTest, EachBuildIsSignalledOnce) {
+  addSet();
+  addSet(brick.get());
+  const SignalCount signals(node.get());
+  build();
+  EXPECT_EQ(signals.count(), 1);
+  build();
+  EXPECT_EQ(signals.count(), 2);
 }
 
 TEST_F(TarnOINurbsSurfaceSeparatorTest, HintsLeftFromBeforeAreUsedAgainByANodeWithoutChildren) {

@@ -312,6 +312,19 @@ TEST_F(TarnOIShapeEdgeSeparatorTest, ACopyOfShownMarkersIsAPictureOfThem) {
   EXPECT_EQ(placeOf(markersOf(*node).at(0)), start) << "the original's marker was moved";
 }
 
+TEST_F(TarnOIShapeEdgeSeparatorTest, CopyConstructionSharesTheMarkersAndMakesNoEntry) {
+  set();
+  node->ShowVertices(0, 1.5F);
+  const auto markers = markersOf(*node);
+  const auto other = makeNode<TarnOIShapeEdgeSeparator>(*node);
+  EXPECT_EQ(other->GetTarnObject(), &edge);
+  EXPECT_EQ(dictionary.atKey(&edge), node.get());
+  EXPECT_EQ(other->getNumChildren(), 0);
+  other->ShowVertices(0, 2.5F);
+  EXPECT_EQ(markersOf(*other), markers);
+  EXPECT_EQ(radiusOf(markers.at(0)), 2.5F);
+}
+
 TEST_F(TarnOIShapeEdgeSeparatorTest, ACopyOfANodeThatShowsNothingIsEmpty) {
   const NodeRef<SoGroup> copy(static_cast<SoGroup*>(node->copy()));
   EXPECT_EQ(copy->getNumChildren(), 0);

@@ -900,6 +900,22 @@ TEST_F(TarnOISurfaceSeparatorTest, TheMembersOfACopyOutliveTheOriginal) {
   EXPECT_THAT(takeAssertions(), ElementsAre(IsAssertion("tarnoi_searchDict", "TarnOITexture")));
 }
 
+TEST_F(TarnOISurfaceSeparatorTest, TheMembersOfACopyOfACopyAreTheFirstOriginalsNodes) {
+  addTriangle(0, 1, 2);
+  set();
+  putNormals(tarn::ObjectName::gDefault, {0, 1, 2});
+  node->AddOrUpdateNormals(normalsByKey, &project);
+  const NodeRef<SoNormal> original(&childOf<SoNormal>(*node));
+  NodeRef<TarnOISurfaceSeparator> copy(static_cast<TarnOISurfaceSeparator*>(node->copy()));
+  const NodeRef<TarnOISurfaceSeparator> second(static_cast<TarnOISurfaceSeparator*>(copy->copy()));
+  node.reset();
+  copy.reset();
+  EXPECT_EQ(makeNode<OpenSurfaceNode>(*second)->normalNode.get(), original.get());
+  normals[0] = {4, 5, 6};
+  second->AddOrUpdateNormals(normalsByKey, &project);
+  EXPECT_EQ(original->vector[0], shown({4, 5, 6}));
+}
+
 TEST_F(TarnOISurfaceSeparatorTest, CopyConstructionSharesMembersAndBinding) {
   addTriangle(0, 1, 2);
   set();
