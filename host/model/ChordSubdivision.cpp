@@ -42,7 +42,7 @@ double deviation(const Piece& points, int degree) {
 }
 
 // De Casteljau (The NURBS Book, A1.5): the part before `t`, and the part behind it.
-void cut(const HomogeneousPoint* curve, int degree, double t, Piece& before, Piece& behind) {
+void cutAt(double t, const HomogeneousPoint* curve, int degree, Piece& before, Piece& behind) {
   std::copy_n(curve, degree + 1, behind.begin());
   before[0] = behind[0];
   for (int level = 1; level <= degree; ++level) {
@@ -53,68 +53,104 @@ void cut(const HomogeneousPoint* curve, int degree, double t, Piece& before, Pie
   }
 }
 
+// The ends of a span's pieces, 0 to 1 of the span, and the deviation of each.
+struct Pieces {
+  std::vector<double> ends;
+  std::vector<double> deviations;
+};
+
 // All curves over one span.
 class SpanCutter {
 public:
   SpanCutter(const KnotVector& knots, const KnotVector::Span& span,
-             const std::vector<std::vector<HomogeneousPoint>>& curves, double tolerance)
-      : degree(knots.degree()), tolerance(tolerance) {
+             const std::vector<std::vector<HomogeneousPoint>>& curves)
+      : degree(knots.degree()) {
     whole.reserve(curves.size() * order());
     for (const auto& curve : curves) knots.appendBezier(span, curve, whole);
-    rest = whole;
   }
 
-  // Where the next piece ends, 0 to 1 of the span, and its deviation.
-  double next(double& reached) {
-    double at = 1.0;
-    reached = deviationTo(at);
-    if (!(reached <= tolerance)) at = farthest(reached);
-    begin = at < 1.0 ? begin + at * (1.0 - begin) : 1.0;
-    moveRest();
-    return begin;
+  // As few pieces as the tolerance allows, each as long as the others in what it uses of it.
+  // `most` + 1 where there would be more than `most`.
+  Pieces cutEvenly(double within, std::size_t most) {
+    Pieces pieces = cut(within, most);
+    const std::size_t count = pieces.ends.size();
+    if (count < 2 || count > most) return pieces;
+    // The last piece is what was left over. A deviation grows with the square of a length.
+    const double left = std::sqrt(pieces.deviations.back() / within);
+    const double share = (static_cast<double>(count - 1) + left) / static_cast<double>(count);
+    Pieces even = cut(std::min(1.1 * share * share, 1.0) * within, count);
+    return even.ends.size() == count ? even : pieces;
   }
 
 private:
   std::size_t order() const { return static_cast<std::size_t>(degree) + 1; }
 
-  // How much of the rest stays within the tolerance, to half a percent; at least the shortest
+  Pieces cut(double within, std::size_t most) {
+    tolerance = within;
+    begin = 0.0;
+    length = 0.0;
+    rest = whole;
+    Pieces pieces;
+    while (begin < 1.0 && pieces.ends.size() <= most) {
+      double at = 1.0;
+      double reached = deviationTo(at);
+      if (!(reached <= tolerance)) at = farthest(reached);
+      begin = at < 1.0 ? begin + at * (1.0 - begin) : 1.0;
+      pieces.ends.push_back(begin);
+      pieces.deviations.push_back(reached);
+      moveRest();
+    }
+    return pieces;
+  }
+
+  // How much of the rest stays within the tolerance, to about one percent; at least the shortest
   // piece. `reached` holds the rest's deviation, and then that of the piece.
-  double farthest(double& reached) const {
+  double farthest(double& reached) {
     const double shortest = std::min(shortestPiece / (1.0 - begin), 1.0);
     double near = 0.0;
     double tooFar = 1.0;
-    // A deviation grows with the square of a piece's length.
-    double guess = std::sqrt(tolerance / reached);
-    while (tooFar > shortest && near < 0.995 * tooFar) {
+    // A deviation grows with the square of a piece's length; the piece before is a better guess.
+    double guess = length > 0.0 ? length / (1.0 - begin) : std::sqrt(tolerance / reached);
+    while (tooFar > shortest && near < 0.99 * tooFar) {
       if (!(guess > near && guess < tooFar)) guess = 0.5 * (near + tooFar);
       guess = std::max(guess, shortest);
       const double deviation = deviationTo(guess);
-      const double scaled = 0.998 * guess * std::sqrt(tolerance / deviation);
+      const double scaled = 0.997 * guess * std::sqrt(tolerance / deviation);
       if (deviation <= tolerance) {
         near = guess;
         reached = deviation;
+        if (deviation > 0.98 * tolerance) break;
       } else {
         tooFar = guess;
       }
       guess = scaled;
     }
-    if (near > 0.0) return near;
-    reached = deviationTo(shortest);
-    return shortest;
+    if (near == 0.0) {
+      near = shortest;
+      reached = deviationTo(near);
+    }
+    length = near * (1.0 - begin);
+    return near;
   }
 
-  // The largest deviation of the pieces from `begin` to `at` of the rest, or the first one
-  // above the tolerance.
-  double deviationTo(double at) const {
-    double largest = 0.0;
-    Piece before;
-    Piece behind;
-    for (std::size_t i = 0; i < rest.size(); i += order()) {
-      cut(rest.data() + i, degree, at, before, behind);
-      largest = std::max(largest, deviation(before, degree));
-      if (largest > tolerance) break;
+  // The largest deviation of the pieces from `begin` to `at` of the rest, or one above the
+  // tolerance. The curve that was farthest off the last time comes first.
+  double deviationTo(double at) {
+    double largest = deviationOf(farthestCurve, at);
+    for (std::size_t i = 0; i < rest.size() && largest <= tolerance; i += order()) {
+      const double deviation = deviationOf(i, at);
+      if (deviation > largest) {
+        largest = deviation;
+        farthestCurve = i;
+      }
     }
     return largest;
+  }
+  double deviationOf(std::size_t curve, double at) const {
+    Piece before;
+    Piece behind;
+    cutAt(at, rest.data() + curve, degree, before, behind);
+    return deviation(before, degree);
   }
 
   // From the whole each time: rounding must not add up.
@@ -122,14 +158,16 @@ private:
     Piece before;
     Piece behind;
     for (std::size_t i = 0; i < rest.size(); i += order()) {
-      cut(whole.data() + i, degree, begin, before, behind);
+      cutAt(begin, whole.data() + i, degree, before, behind);
       std::copy_n(behind.begin(), order(), rest.data() + i);
     }
   }
 
   int degree;
-  double tolerance;
-  double begin = 0.0;
+  double tolerance = 0.0;
+  double begin = 0.0;             // of the next piece
+  double length = 0.0;            // of the piece before, where it did not reach the end
+  std::size_t farthestCurve = 0;  // its first point's index
   std::vector<HomogeneousPoint> whole;
   std::vector<HomogeneousPoint> rest;
 };
@@ -146,16 +184,17 @@ ChordSubdivision ChordSubdivision::of(const KnotVector& knots,
   ChordSubdivision result;
   result.parameters.push_back(knots.begin());
   for (const KnotVector::Span& span : knots.spans()) {
-    SpanCutter cutter(knots, span, curves, tolerance);
-    for (double at = 0.0; at < 1.0;) {
-      if (result.deviations.size() == most) return {};
-      double reached = 0.0;
-      at = cutter.next(reached);
-      const double parameter = span.begin + at * (span.end - span.begin);
+    const std::size_t room = most - result.deviations.size();
+    const Pieces pieces = SpanCutter(knots, span, curves).cutEvenly(tolerance, room);
+    if (pieces.ends.size() > room) return {};
+    for (std::size_t i = 0; i < pieces.ends.size(); ++i) {
+      const bool last = i + 1 == pieces.ends.size();
+      const double parameter =
+          last ? span.end : span.begin + pieces.ends[i] * (span.end - span.begin);
       // Between knots that are next to each other doubles may have no room.
-      if (at < 1.0 && !(parameter > result.parameters.back() && parameter < span.end)) continue;
-      result.parameters.push_back(at < 1.0 ? parameter : span.end);
-      result.deviations.push_back(reached);
+      if (!last && !(parameter > result.parameters.back() && parameter < span.end)) continue;
+      result.parameters.push_back(parameter);
+      result.deviations.push_back(pieces.deviations[i]);
     }
   }
   return result;

@@ -19,9 +19,10 @@ struct TARN_HOST_EXPORT ChordSubdivision {
 
   double largestDeviation() const;
 
-  /// Cuts curves that share their knots at the same parameters, each piece as long as the
-  /// tolerance allows. No span between knots is cut into more than about 65,536 pieces: a
-  /// tolerance below the coordinates' rounding is not reached.
+  /// Cuts curves that share their knots at the same parameters, into as few pieces as the
+  /// tolerance allows; those of a span use about equally much of it. No span between knots is cut
+  /// into more than about 65,536 pieces: a tolerance below the coordinates' rounding is not
+  /// reached.
   ///
   /// A piece's deviation is bounded, not sampled: its Bézier control points hold it in their
   /// convex hull, the distance from the chord is a convex function, and the control points

@@ -54,7 +54,7 @@ public:
   /// positive and finite, and where more than `mostTriangles` would be needed.
   virtual int Tessellate(double tolerance);
 
-  static constexpr int mostTriangles = 20'000'000;
+  static constexpr int mostTriangles = 10'000'000;
 
   VClass* iam() const override { return &NURBSSurfaceCls; }
 

@@ -156,6 +156,21 @@ TEST_F(NURBSCurveTest, ACircleHasHardlyMorePointsThanItsToleranceAsksFor) {
   }
 }
 
+TEST_F(NURBSCurveTest, TheChordsOfACircleAreAboutEquallyLong) {
+  set(circle());
+  for (const double tolerance : {2.0, 0.1, 0.001}) {
+    const auto points = tessellated(tolerance);
+    double shortest = 20.0;
+    double longest = 0.0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const double length = (points[i] - points[i - 1]).length();
+      shortest = std::min(shortest, length);
+      longest = std::max(longest, length);
+    }
+    EXPECT_LT(longest, 1.5 * shortest) << tolerance;
+  }
+}
+
 TEST_F(NURBSCurveTest, AParabolaHasHardlyMorePointsThanItsToleranceAsksFor) {
   // y = 100 z x^2: chords of equal width in x have equal sagittas along y, but not across.
   set({2, {0, 0, 0, 1, 1, 1}, {{0, 0, 3}, {0.5, 0, 3}, {1, 0.01, 3}}, {}});
