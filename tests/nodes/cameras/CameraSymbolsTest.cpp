@@ -59,7 +59,7 @@ protected:
   static void expectRotation(const SoGroup* group, int index, const SbVec3f& axis, float angle) {
     const auto* rotation = childAs<SoRotation>(group, index);
     ASSERT_NE(rotation, nullptr);
-    EXPECT_TRUE(rotation->rotation.getValue().equals(SbRotation(axis, angle), 1e-6F));
+    EXPECT_TRUE(rotation->rotation.getValue().equals(SbRotation(axis, angle), 1e-12F));
   }
 };
 

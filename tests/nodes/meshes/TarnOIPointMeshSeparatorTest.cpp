@@ -295,7 +295,7 @@ TEST_F(TarnOIPointMeshSeparatorTest, TheAffinesScaleIsTaken) {
   mesh.SetLocalAffine(affine);
   node->SetPointCloudPointMesh(&mesh, &dictionary);
   const SbVec3f place = moved(*node->localTransform, node->pointPos->point[0]);
-  EXPECT_TRUE(place.equals(SbVec3f(-7.5F, -37.625F, -24.75F), 1e-5F)) << place[0];
+  EXPECT_TRUE(place.equals(SbVec3f(-7.5F, -37.625F, -24.75F), 1e-10F)) << place[0];
 }
 
 TEST_F(TarnOIPointMeshSeparatorTest, AnAffineThatCannotBeSetUpLeavesNoTransform) {

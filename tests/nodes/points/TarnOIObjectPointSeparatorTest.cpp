@@ -369,8 +369,8 @@ TEST_F(TarnOIObjectPointSeparatorTest, AFirstColourSetsAmbientAndDiffuse) {
   point.SetRGBTextureColor(tarn::Colour(10, 20, 30));
   node->SetObjectPoint(&point, &dictionary, 0, 1);
   const SbColor expected(10.0F / 255.0F, 20.0F / 255.0F, 30.0F / 255.0F);
-  EXPECT_TRUE(node->rgbMaterial->diffuseColor[0].equals(expected, 1e-6F));
-  EXPECT_TRUE(node->rgbMaterial->ambientColor[0].equals(expected, 1e-6F));
+  EXPECT_TRUE(node->rgbMaterial->diffuseColor[0].equals(expected, 1e-14F));
+  EXPECT_TRUE(node->rgbMaterial->ambientColor[0].equals(expected, 1e-14F));
   EXPECT_FALSE(node->rgbMaterial->diffuseColor.isIgnored());
   EXPECT_FALSE(node->rgbMaterial->ambientColor.isIgnored());
 }
@@ -385,7 +385,7 @@ TEST_F(TarnOIObjectPointSeparatorTest, ALaterColourLeavesTheAmbientPartAlone) {
   EXPECT_EQ(node->getChild(0), material);
   EXPECT_EQ(node->rgbMaterial->ambientColor[0], first);
   EXPECT_TRUE(node->rgbMaterial->diffuseColor[0].equals(
-      SbColor(200.0F / 255.0F, 100.0F / 255.0F, 50.0F / 255.0F), 1e-6F));
+      SbColor(200.0F / 255.0F, 100.0F / 255.0F, 50.0F / 255.0F), 1e-14F));
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, SwitchingTheColourOffRemovesTheMaterial) {
@@ -723,9 +723,9 @@ TEST_F(TarnOIObjectPointSeparatorTest, AxesOfTheSphereGoOntoTheAxesOfTheCovarian
     return result;
   };
   // The viewer's x, y, z are the model's x, z, -y: sphere axes 1, 3, 2.
-  EXPECT_TRUE(halfAxis({1, 0, 0}).equals(SbVec3f(0, 0, 10), 1e-4F));
-  EXPECT_TRUE(halfAxis({0, 1, 0}).equals(SbVec3f(30, 0, 0), 1e-4F));
-  EXPECT_TRUE(halfAxis({0, 0, 1}).equals(SbVec3f(0, 20, 0), 1e-4F));
+  EXPECT_TRUE(halfAxis({1, 0, 0}).equals(SbVec3f(0, 0, 10), 1e-10F));
+  EXPECT_TRUE(halfAxis({0, 1, 0}).equals(SbVec3f(30, 0, 0), 1e-10F));
+  EXPECT_TRUE(halfAxis({0, 0, 1}).equals(SbVec3f(0, 20, 0), 1e-10F));
 }
 
 TEST_F(TarnOIObjectPointSeparatorTest, TheEllipsoidIsThatOfTheCovarianceInTheViewerFrame) {
