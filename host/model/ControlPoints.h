@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 namespace tarn {
@@ -12,14 +13,15 @@ namespace tarn {
 /// What the control points of curves and of surfaces have in common.
 namespace ControlPoints {
 
-/// Whether all are finite, and each has one positive, finite weight or none has any.
-inline bool areUsable(const std::vector<Point3DDouble>& points,
-                      const std::vector<double>& weights) {
+/// Whether there are `count` and all are finite, and each has one positive, finite weight or none
+/// has any.
+inline bool areUsable(const std::vector<Point3DDouble>& points, const std::vector<double>& weights,
+                      std::size_t count) {
   const auto isPlace = [](const Point3DDouble& point) {
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
   };
   const auto isWeight = [](double weight) { return weight > 0.0 && std::isfinite(weight); };
-  return (weights.empty() || weights.size() == points.size()) &&
+  return points.size() == count && (weights.empty() || weights.size() == points.size()) &&
          std::ranges::all_of(points, isPlace) && std::ranges::all_of(weights, isWeight);
 }
 

@@ -9,12 +9,11 @@
 
 namespace tarn {
 
-std::optional<KnotVector> KnotVector::make(int degree, std::vector<double> knots,
-                                           int controlPoints) {
-  if (degree < 1 || degree > highestDegree || controlPoints <= degree) return std::nullopt;
+std::optional<KnotVector> KnotVector::make(int degree, std::vector<double> knots) {
+  if (degree < 1 || degree > highestDegree) return std::nullopt;
   const auto p = static_cast<std::size_t>(degree);
-  const auto count = static_cast<std::size_t>(controlPoints);
-  if (knots.size() != count + p + 1) return std::nullopt;
+  if (knots.size() < 2 * p + 2) return std::nullopt;
+  const std::size_t count = knots.size() - p - 1;
   for (std::size_t i = 0; i < knots.size(); ++i) {
     if (!std::isfinite(knots[i]) || (i > 0 && knots[i] < knots[i - 1])) return std::nullopt;
   }

@@ -33,12 +33,11 @@ public:
 
   /// A spline without anything.
   KnotVector() = default;
-  /// The knots of a spline with so many control points. None where they do not make one: the
-  /// degree is not 1 to `highestDegree`, or not below the number of control points; there are
-  /// not as many knots as control points and degree and one; a knot is not finite or below the
-  /// one before; a knot is repeated more than `degree` times, at an end once more; or the
-  /// parameter has no room.
-  static std::optional<KnotVector> make(int degree, std::vector<double> knots, int controlPoints);
+  /// The knots of a spline, which has as many control points as there are knots, less the degree
+  /// and one. None where they do not make one: the degree is not 1 to `highestDegree`, or not
+  /// below the number of control points; a knot is not finite or below the one before; a knot is
+  /// repeated more than `degree` times, at an end once more; or the parameter has no room.
+  static std::optional<KnotVector> make(int degree, std::vector<double> knots);
 
   int degree() const { return _degree; }
   const std::vector<double>& knots() const { return _knots; }

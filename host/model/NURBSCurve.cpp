@@ -13,8 +13,10 @@ VClass NURBSCurveCls("NURBSCurve", &VObjectCls, []() -> VObject* { return new NU
 int NURBSCurve::SetCurve(int degree, const std::vector<double>& knots,
                          const std::vector<Point3DDouble>& controlPoints,
                          const std::vector<double>& weights) {
-  auto made = KnotVector::make(degree, knots, static_cast<int>(controlPoints.size()));
-  if (!made || !ControlPoints::areUsable(controlPoints, weights)) return 0;
+  auto made = KnotVector::make(degree, knots);
+  if (!made) return 0;
+  const auto count = static_cast<std::size_t>(made->controlPoints());
+  if (!ControlPoints::areUsable(controlPoints, weights, count)) return 0;
   _knots = *std::move(made);
   _controlPoints = controlPoints;
   _weights = ControlPoints::weightsOrOnes(controlPoints, weights);

@@ -91,22 +91,127 @@ double sizeOf(const std::vector<Point3DDouble>& points) {
   return box.diagonal().norm();
 }
 
-// From 0 to 1 over the whole spline.
-std::vector<double> shares(const KnotVector& knots, const std::vector<double>& parameters) {
-  std::vector<double> result;
-  result.reserve(parameters.size());
-  for (const double parameter : parameters) {
-    result.push_back((parameter - knots.begin()) / (knots.end() - knots.begin()));
-  }
-  return result;
-}
+// Adds the triangles of a grid to a set.
+class TriangleMaker {
+public:
+  TriangleMaker(TessellatedSurface& target, int set, const SurfaceSpline& surface,
+                const std::vector<Point3DDouble>& controlPoints, const SurfaceGrid& grid)
+      : target(target),
+        set(set),
+        surface(surface),
+        controlPoints(controlPoints),
+        grid(grid),
+        sidesU(surface.knotsU, grid.u),
+        sidesV(surface.knotsV, grid.v),
+        rows(surface, sidesU.parameters, sidesV.parameters),
+        normals(surface, sizeOf(controlPoints)),
+        nothing(1e-13 * sizeOf(controlPoints)) {}
 
-std::vector<int> interpolatedAt(const KnotVector& knots, const std::vector<double>& parameters) {
-  std::vector<int> result;
-  result.reserve(parameters.size());
-  for (const double parameter : parameters) result.push_back(knots.interpolatedAt(parameter));
-  return result;
-}
+  void make() {
+    target.Reserve(set, static_cast<int>(2 * (grid.u.size() - 1) * (grid.v.size() - 1)));
+    setCorners(low, 0, nullptr);
+    setNormals(low, sidesV.behind[0]);
+    for (std::size_t j = 1; j < grid.v.size(); ++j) {
+      setCorners(high, j, &low);
+      setNormals(high, sidesV.before[j]);
+      for (std::size_t i = 1; i < grid.u.size(); ++i) addCell(i);
+      if (sidesV.behind[j] != sidesV.before[j]) setNormals(high, sidesV.behind[j]);
+      std::swap(low, high);
+    }
+  }
+
+private:
+  // What the cells on one side of a row of corners see of it.
+  struct Row {
+    std::vector<ThreeDPoint*> points;
+    std::vector<Point3DDouble> places;
+    std::vector<const Point3DDouble*> normals;  // for each of sidesU
+    double v = 0.0;                             // downwards, 0 to 1
+  };
+  struct Corner {
+    ThreeDPoint* point;
+    const Point3DDouble* normal;
+    std::array<double, 2> uv;
+  };
+
+  // Corners at one place are one, at a pole those of a whole row.
+  void setCorners(Row& row, std::size_t j, const Row* below) {
+    const auto& places = rows.row(static_cast<int>(sidesV.behind[j]));
+    const int throughV = surface.knotsV.interpolatedAt(grid.v[j]);
+    row.v = 1.0 - shareOf(surface.knotsV, grid.v[j]);
+    row.points.resize(grid.u.size());
+    row.places.resize(grid.u.size());
+    for (std::size_t i = 0; i < grid.u.size(); ++i) {
+      row.places[i] = places[sidesU.behind[i]].point;
+      if (throughV >= 0) {
+        // What the surface passes through is not left to rounding.
+        const int throughU = surface.knotsU.interpolatedAt(grid.u[i]);
+        if (throughU >= 0) row.places[i] = controlPoints[surface.at(throughU, throughV)];
+      }
+      const auto isAt = [&](const Point3DDouble& other) {
+        return (row.places[i] - other).length() <= nothing;
+      };
+      if (i > 0 && isAt(row.places[i - 1])) {
+        row.points[i] = row.points[i - 1];
+      } else if (below && isAt(below->places[i])) {
+        row.points[i] = below->points[i];
+      } else {
+        row.points[i] = &target.AddPoint(row.places[i]);
+      }
+    }
+  }
+
+  void setNormals(Row& row, std::size_t side) {
+    const auto& places = rows.row(static_cast<int>(side));
+    row.normals.resize(places.size());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+      const auto normal = normals.at(places[i], sidesU.parameters[i], sidesV.parameters[side]);
+      row.normals[i] = normal ? &target.AddNormal(*normal) : nullptr;
+    }
+  }
+
+  // The cell between columns i - 1 and i.
+  void addCell(std::size_t i) {
+    const auto corner = [this](const Row& row, std::size_t column, std::size_t side) {
+      return Corner{
+          row.points[column], row.normals[side], {shareOf(surface.knotsU, grid.u[column]), row.v}};
+    };
+    const Corner lowLeft = corner(low, i - 1, sidesU.behind[i - 1]);
+    const Corner lowRight = corner(low, i, sidesU.before[i]);
+    const Corner highRight = corner(high, i, sidesU.before[i]);
+    const Corner highLeft = corner(high, i - 1, sidesU.behind[i - 1]);
+    addTriangle({lowLeft, lowRight, highRight});
+    addTriangle({lowLeft, highRight, highLeft});
+  }
+
+  void addTriangle(const std::array<Corner, 3>& corners) {
+    const auto& [a, b, c] = corners;
+    if (a.point == b.point || b.point == c.point || c.point == a.point) return;
+    Triangle& triangle = target.AddTriangle(set, a.point, b.point, c.point);
+    triangle.SetNormal(0, a.normal);
+    triangle.SetNormal(1, b.normal);
+    triangle.SetNormal(2, c.normal);
+    target.SetTextureCoordinates(triangle, {a.uv, b.uv, c.uv});
+  }
+
+  // From 0 to 1 over the whole spline.
+  static double shareOf(const KnotVector& knots, double parameter) {
+    return (parameter - knots.begin()) / (knots.end() - knots.begin());
+  }
+
+  TessellatedSurface& target;
+  const int set;
+  const SurfaceSpline& surface;
+  const std::vector<Point3DDouble>& controlPoints;
+  const SurfaceGrid& grid;
+  const Sides sidesU;
+  const Sides sidesV;
+  SurfaceRows rows;
+  const Normals normals;
+  const double nothing;
+  Row low;
+  Row high;
+};
 
 }  // namespace
 
@@ -114,20 +219,12 @@ int NURBSSurface::SetSurface(int degreeU, const std::vector<double>& knotsU, int
                              const std::vector<double>& knotsV,
                              const std::vector<Point3DDouble>& controlPoints,
                              const std::vector<double>& weights) {
-  const auto countOf = [](const std::vector<double>& knots, int degree) {
-    return static_cast<int>(knots.size()) - degree - 1;
-  };
-  // The degrees are checked first: they may be any numbers.
-  const auto inRange = [](int degree) {
-    return degree >= 1 && degree <= KnotVector::highestDegree;
-  };
-  if (!inRange(degreeU) || !inRange(degreeV)) return 0;
-  auto madeU = KnotVector::make(degreeU, knotsU, countOf(knotsU, degreeU));
-  auto madeV = KnotVector::make(degreeV, knotsV, countOf(knotsV, degreeV));
+  auto madeU = KnotVector::make(degreeU, knotsU);
+  auto madeV = KnotVector::make(degreeV, knotsV);
   if (!madeU || !madeV) return 0;
   const auto count = static_cast<std::size_t>(madeU->controlPoints()) *
                      static_cast<std::size_t>(madeV->controlPoints());
-  if (controlPoints.size() != count || !ControlPoints::areUsable(controlPoints, weights)) return 0;
+  if (!ControlPoints::areUsable(controlPoints, weights, count)) return 0;
   _knotsU = *std::move(madeU);
   _knotsV = *std::move(madeV);
   _controlPoints = controlPoints;
@@ -149,91 +246,7 @@ int NURBSSurface::Tessellate(double tolerance) {
   const int set = AddTriangleSet();
   if (picture) SetTextureFile(set, *picture);
   SetMaterialOfSet(set, material);
-
-  const Sides sidesU(_knotsU, grid->u);
-  const Sides sidesV(_knotsV, grid->v);
-  const std::size_t columns = grid->u.size();
-  const std::size_t rows = grid->v.size();
-  const double size = sizeOf(_controlPoints);
-  const double nothing = 1e-13 * size;
-  const auto throughU = interpolatedAt(_knotsU, grid->u);
-  const auto throughV = interpolatedAt(_knotsV, grid->v);
-  const auto shareU = shares(_knotsU, grid->u);
-  const auto shareV = shares(_knotsV, grid->v);
-  Reserve(set, static_cast<int>(2 * (columns - 1) * (rows - 1)));
-
-  // One row of corners, and of normals as the cells below and above it see them.
-  struct Row {
-    std::vector<ThreeDPoint*> points;
-    std::vector<Point3DDouble> places;
-    std::vector<const Point3DDouble*> normals;
-  };
-  SurfaceRows evaluated(surface, sidesU.parameters, sidesV.parameters);
-  const Normals normals(surface, size);
-  const auto setNormals = [&](Row& row, std::size_t side) {
-    const auto& places = evaluated.row(static_cast<int>(side));
-    row.normals.resize(places.size());
-    for (std::size_t i = 0; i < places.size(); ++i) {
-      const auto normal = normals.at(places[i], sidesU.parameters[i], sidesV.parameters[side]);
-      row.normals[i] = normal ? &AddNormal(*normal) : nullptr;
-    }
-  };
-  // Corners that are at one place are one: at a pole, all of a row.
-  const auto setPoints = [&](Row& row, std::size_t j, const Row* below) {
-    const auto& places = evaluated.row(static_cast<int>(sidesV.behind[j]));
-    row.points.resize(columns);
-    row.places.resize(columns);
-    for (std::size_t i = 0; i < columns; ++i) {
-      const bool exact = throughU[i] >= 0 && throughV[j] >= 0;
-      const Point3DDouble place = exact ? _controlPoints[surface.at(throughU[i], throughV[j])]
-                                        : places[sidesU.behind[i]].point;
-      row.places[i] = place;
-      if (i > 0 && (place - row.places[i - 1]).length() <= nothing) {
-        row.points[i] = row.points[i - 1];
-      } else if (below && (place - below->places[i]).length() <= nothing) {
-        row.points[i] = below->points[i];
-      } else {
-        row.points[i] = &AddPoint(place);
-      }
-    }
-  };
-  Row low;
-  Row high;
-  setPoints(low, 0, nullptr);
-  setNormals(low, sidesV.behind[0]);
-  for (std::size_t j = 1; j < rows; ++j) {
-    setPoints(high, j, &low);
-    setNormals(high, sidesV.before[j]);
-    for (std::size_t i = 1; i < columns; ++i) {
-      struct Corner {
-        const Row& row;
-        std::size_t column;
-        std::size_t side;
-        std::array<double, 2> uv;
-      };
-      // Pictures count downwards.
-      const std::array<double, 2> left{shareU[i - 1], shareU[i]};
-      const Corner a{low, i - 1, sidesU.behind[i - 1], {left[0], 1.0 - shareV[j - 1]}};
-      const Corner b{low, i, sidesU.before[i], {left[1], 1.0 - shareV[j - 1]}};
-      const Corner c{high, i, sidesU.before[i], {left[1], 1.0 - shareV[j]}};
-      const Corner d{high, i - 1, sidesU.behind[i - 1], {left[0], 1.0 - shareV[j]}};
-      const auto add = [&](const Corner& p, const Corner& q, const Corner& r) {
-        ThreeDPoint* const first = p.row.points[p.column];
-        ThreeDPoint* const second = q.row.points[q.column];
-        ThreeDPoint* const third = r.row.points[r.column];
-        if (first == second || second == third || third == first) return;
-        Triangle& triangle = AddTriangle(set, first, second, third);
-        triangle.SetNormal(0, p.row.normals[p.side]);
-        triangle.SetNormal(1, q.row.normals[q.side]);
-        triangle.SetNormal(2, r.row.normals[r.side]);
-        SetTextureCoordinates(triangle, {p.uv, q.uv, r.uv});
-      };
-      add(a, b, c);
-      add(a, c, d);
-    }
-    if (sidesV.behind[j] != sidesV.before[j]) setNormals(high, sidesV.behind[j]);
-    std::swap(low, high);
-  }
+  TriangleMaker(*this, set, surface, _controlPoints, *grid).make();
   return 1;
 }
 

@@ -297,10 +297,8 @@ class NURBSSurfaceToleranceTest : public NURBSSurfaceTest,
 
 TEST_P(NURBSSurfaceToleranceTest, NoPointOfTheSurfaceIsFartherFromItsCell) {
   const SurfaceData data = GetParam().make();
-  const auto knotsU =
-      tarn::KnotVector::make(data.degreeU, data.knotsU, static_cast<int>(data.countU()));
-  const auto knotsV =
-      tarn::KnotVector::make(data.degreeV, data.knotsV, static_cast<int>(data.countV()));
+  const auto knotsU = tarn::KnotVector::make(data.degreeU, data.knotsU);
+  const auto knotsV = tarn::KnotVector::make(data.degreeV, data.knotsV);
   ASSERT_TRUE(knotsU && knotsV);
   const auto weighted = tarn::ControlPoints::weighted(
       data.points, tarn::ControlPoints::weightsOrOnes(data.points, data.weights));

@@ -75,12 +75,12 @@ protected:
 
   /// A picture of 4 by 4 fields in two colours, that at the lower left black.
   NodeRef<TarnOITexture> fields(const std::array<int, 3>& one, const std::array<int, 3>& other) {
-    constexpr short size = 8;
+    constexpr short size = 64;
     std::vector<unsigned char> bytes;
     for (int y = 0; y < size; ++y) {
       for (int x = 0; x < size; ++x) {
-        const bool black = x < 2 && y < 2;
-        for (const int byte : (x / 2 + y / 2) % 2 == 0 ? one : other) {
+        const bool black = x < 16 && y < 16;
+        for (const int byte : (x / 16 + y / 16) % 2 == 0 ? one : other) {
           bytes.push_back(static_cast<unsigned char>(black ? 0 : byte));
         }
       }
