@@ -9,7 +9,6 @@
 #include <assimp/Importer.hpp>
 #include <assimp/MemoryIOWrapper.h>
 #include <assimp/ProgressHandler.hpp>
-#include <assimp/config.h>
 #include <assimp/scene.h>
 #include <bit>
 #include <cmath>
@@ -228,15 +227,14 @@ private:
 
 }  // namespace
 
-bool isKnown(const std::string& extension) {
-  return extension.size() > 1 && Assimp::Importer().IsExtensionSupported(extension.c_str());
+bool isKnown(std::string_view extension) {
+  constexpr std::string_view known[] = {".stl", ".off", ".gltf", ".glb", ".fbx", ".3ds"};
+  return std::ranges::find(known, extension) != std::end(known);
 }
 
 void read(const std::string& path, SurfaceModel& model, ReadProgress& progress) {
   Assimp::Importer importer;
   importer.SetProgressHandler(new Progress(progress));  // the importer's own from here on
-  // As they stand in the file: neither is it known what is up in other formats.
-  importer.SetPropertyBool(AI_CONFIG_IMPORT_COLLADA_IGNORE_UP_DIRECTION, true);
   const aiScene* scene = importer.ReadFile(path, 0);
   if (!scene) refuse(path, importer, "a file of surfaces");
   Meshes(path, *scene, model, progress).take();

@@ -4,16 +4,18 @@
 #include "io/SurfaceModel.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarn {
 
-/// Files that the library Assimp reads, of surfaces (STL, OFF, Collada, glTF, 3DS and others) and
-/// of OBJ files' materials.
+/// Files that the library Assimp reads: of surfaces, and of OBJ files' materials.
 namespace assimpFile {
 
-/// Whether the library reads files of that extension, its dot included.
-bool isKnown(const std::string& extension);
+/// Whether files of that extension, in small letters and with its dot, are read: STL, OFF, glTF,
+/// FBX and 3DS. The library knows many more, but ends the program, or takes all memory, with
+/// damaged ones of them.
+bool isKnown(std::string_view extension);
 
 /// Reads the surfaces of a file, as they are placed in it, points at one place as one. Throws
 /// ReadError when the library refuses it, a coordinate is not finite, or there are no triangles.

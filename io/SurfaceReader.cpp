@@ -2,6 +2,7 @@
 
 #include "host/general/warning.h"
 #include "host/model/Project.h"
+#include "host/model/Triangle.h"
 #include "io/AssimpFile.h"
 #include "io/FileContent.h"
 #include "io/ObjFile.h"
@@ -91,14 +92,38 @@ void readObj(const std::string& path, std::string_view text, SurfaceModel& model
   readMaterials(path, materialFiles(path, file), model);
 }
 
+// By the reader of clouds and meshes, which names the line or the byte of what it refuses.
+void readPly(const std::string& path, SurfaceModel& model, const ProgressHandler& progress) {
+  Project apart;
+  PointMesh& mesh = PlyReader::Read(path, apart, progress);
+  if (mesh.GetNumTriangles() == 0) {
+    throw ReadError::inFile(path, "points without triangles", "a surface");
+  }
+  for (int i = 0; i < mesh.GetNumPoints(); ++i) model.points.push_back(mesh.GetModelPoint(i));
+  std::vector<SurfaceModel::Triangle>& triangles =
+      model.objects.emplace_back().sets.emplace_back().triangles;
+  PointMesh::Corners corners;
+  for (int i = 0; mesh.GetTriangleCorners(i, corners); ++i) {
+    const auto* withNormals = static_cast<const Triangle*>(mesh.GetTriangles()->at(i));
+    SurfaceModel::Triangle& triangle = triangles.emplace_back();
+    for (std::size_t k = 0; k < 3; ++k) {
+      triangle[k].point = corners[k];
+      const Point3DDouble* normal = withNormals->GetNormal(static_cast<int>(k));
+      if (!normal) continue;
+      triangle[k].normal = static_cast<int>(model.normals.size());
+      model.normals.push_back(*normal);
+    }
+  }
+}
+
 }  // namespace
 
 bool SurfaceReader::IsSurfaceFile(const std::string& path) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) return false;
   const std::string extension = extensionOf(path);
-  if (extension == ".ply" && PlyReader::IsPlyFile(path)) return true;
-  if (extension != ".ply" && assimpFile::isKnown(extension)) return true;
+  if (extension == ".obj" || assimpFile::isKnown(extension)) return true;
+  if (PlyReader::IsPlyFile(path)) return true;
   std::ifstream file(path, std::ios::binary);
   std::string begin(std::size_t{1} << 16, '\0');
   file.read(begin.data(), static_cast<std::streamsize>(begin.size()));
@@ -109,13 +134,15 @@ bool SurfaceReader::IsSurfaceFile(const std::string& path) {
 std::vector<ImportedSurface*> SurfaceReader::Read(const std::string& path, Project& project,
                                                   const ProgressHandler& progress) {
   SurfaceModel model;
-  {
+  if (PlyReader::IsPlyFile(path)) {
+    readPly(path, model, progress);
+  } else {
     const FileContent content(path, "a file of surfaces");
     ReadProgress reading(progress, "Reading surfaces");
-    if (extensionOf(path) == ".obj" || ObjFile::isObj(content.bytes())) {
-      readObj(path, content.bytes(), model, reading);
-    } else {
+    if (assimpFile::isKnown(extensionOf(path)) && !ObjFile::isObj(content.bytes())) {
       assimpFile::read(path, model, reading);
+    } else {
+      readObj(path, content.bytes(), model, reading);
     }
     reading.end();
   }

@@ -11,9 +11,9 @@ namespace tarn {
 class ImportedSurface;
 class Project;
 
-/// Reads a file of surfaces into imported surfaces: OBJ (Wavefront) with its materials, and what
-/// the library Assimp reads besides (STL, OFF, glTF, Collada, 3DS and others). It is named for what
-/// it makes: a mesh is in this project a cloud with triangles, without textures.
+/// Reads a file of surfaces into imported surfaces: OBJ (Wavefront) with its materials, PLY, and
+/// STL, OFF, glTF, FBX and 3DS by the library Assimp. It is named for what it makes: a mesh is in
+/// this project a cloud with triangles, without textures.
 ///
 /// Each object of the file becomes a surface, named after it, or after the file where it has no
 /// name. A surface has a set of triangles for each of its materials, with its texture and its
@@ -21,14 +21,14 @@ class Project;
 /// triangles; lines and points are passed over.
 ///
 /// Positions keep the file's frame and units. Those of OBJ files are exact, also far from the
-/// origin; the library reads those of other files as floats.
+/// origin, and those of PLY files as PlyReader has them; the library reads others as floats.
 ///
 /// Triangles turn as their normals say. A surface is single-sided where nobody can look at its
 /// back: where it has normals, no border, and its volume inside.
 class TARN_IO_EXPORT SurfaceReader {
 public:
-  /// Whether it is a file that begins as an OBJ file does, or has the extension of another that can
-  /// be read (a PLY file must begin as one, too); false where there is none.
+  /// Whether it is a file that begins as an OBJ or a PLY file does, or has the extension of one
+  /// that is read; false where there is none.
   static bool IsSurfaceFile(const std::string& path);
 
   /// Reads the file and adds its surfaces to the project, which owns them. Throws ReadError when

@@ -10,7 +10,7 @@ const char* const description =
     "and 0/. The photographs are looked for in a folder images/ beside the model, a dense\n"
     "cloud or mesh beside the model and in dense/: fused.ply, cloud.ply, meshed-poisson.ply\n"
     "or meshed-delaunay.ply. Or PROJECT is a PLY file by itself, a cloud or a mesh, or a\n"
-    "file of surfaces: OBJ with its materials and textures, STL, OFF, glTF, Collada or 3DS.\n"
+    "file of surfaces: OBJ with its materials and textures, STL, OFF, glTF, FBX or 3DS.\n"
     "\n"
     "Without --render, --write, --profile or --nodes a window opens.";
 

@@ -69,7 +69,7 @@ void readFile(const std::string& path, tarn::Project& project,
   }
   readPly(path,
           "the folder of a COLMAP model, a PLY file or a file of surfaces (OBJ, STL, OFF, glTF, "
-          "Collada or 3DS)",
+          "FBX or 3DS)",
           project, progress);
 }
 

@@ -103,7 +103,7 @@ TEST_F(SurfaceReaderDataTest, TheBottleIsTheFilesText) {
   EXPECT_EQ(face, 1000);
 }
 
-TEST_F(SurfaceReaderDataTest, TheScannedSkullIsASurfaceWithoutTextureSeenFromBothSides) {
+TEST_F(SurfaceReaderDataTest, TheScannedDinosaurIsASurfaceWithoutTextureSeenFromBothSides) {
   TARN_REQUIRE_DATA();
   ImportedSurface& surface = read("parasaurolophus.ply");
   EXPECT_EQ(surface.GetName().str(), "parasaurolophus");

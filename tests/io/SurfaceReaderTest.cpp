@@ -538,7 +538,7 @@ TEST_F(SurfaceReaderTest, AnObjFileIsKnownByItsContentOrItsName) {
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("b", "v 1 2 3\n")));
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("c.OBJ", "nonsense")));
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("d.stl", "solid\n")));
-  EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("d.ply", "ply\nformat ascii 1.0\n")));
+  EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("d.dat", "ply\nformat ascii 1.0\n")));
   EXPECT_TRUE(SurfaceReader::IsSurfaceFile(folder.write("e.ply", "v 1 2 3\n")));
   EXPECT_FALSE(SurfaceReader::IsSurfaceFile(folder.write("f.ply", "plywood\n")));
   EXPECT_FALSE(SurfaceReader::IsSurfaceFile(folder.write("e.txt", "very much\n")));

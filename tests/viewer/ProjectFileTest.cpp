@@ -30,7 +30,7 @@ protected:
       "property float z\nend_header\n1 2 3\n";
   const std::string expected =
       ", expected the folder of a COLMAP model, a PLY file or a file of surfaces (OBJ, STL, OFF, "
-      "glTF, Collada or 3DS)";
+      "glTF, FBX or 3DS)";
   tarn::Project project;
   TemporaryFolder folder;
 };

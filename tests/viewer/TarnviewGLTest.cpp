@@ -157,7 +157,7 @@ TEST_F(TarnviewGLTest, RefusedProjectEndsWithOne) {
   EXPECT_EQ(result.errors,
             "tarnview: /nowhere: found nothing, expected the folder of a COLMAP model, a PLY file "
             "or a file "
-            "of surfaces (OBJ, STL, OFF, glTF, Collada or 3DS)\n");
+            "of surfaces (OBJ, STL, OFF, glTF, FBX or 3DS)\n");
 }
 
 TEST_F(TarnviewGLTest, PictureThatCannotBeWrittenEndsWithOne) {

@@ -120,7 +120,7 @@ TEST_F(SurfaceLayerDataTest, TheBottlesTextureIsTheRightWayUpAndRound) {
   EXPECT_GT(difference(drawn, texture, seen, true, true), 60.0);
 }
 
-TEST_F(SurfaceLayerDataTest, TheScannedSkullIsLitFromBothSides) {
+TEST_F(SurfaceLayerDataTest, TheScannedDinosaurIsLitFromBothSides) {
   TARN_REQUIRE_DATA();
   tarn::SurfaceReader::Read(file("parasaurolophus.ply"), project);
   ProjectScene::Options options;
