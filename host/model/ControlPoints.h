@@ -30,11 +30,16 @@ inline std::vector<double> weightsOrOnes(const std::vector<Point3DDouble>& point
   return weights.empty() ? std::vector<double>(points.size(), 1.0) : weights;
 }
 
+/// Seen from an origin near them: far from the model's, coordinates have few digits left for what
+/// is computed.
 inline std::vector<HomogeneousPoint> weighted(const std::vector<Point3DDouble>& points,
-                                              const std::vector<double>& weights) {
+                                              const std::vector<double>& weights,
+                                              const Point3DDouble& origin) {
   std::vector<HomogeneousPoint> result;
   result.reserve(points.size());
-  for (std::size_t i = 0; i < points.size(); ++i) result.emplace_back(points[i], weights[i]);
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    result.emplace_back(points[i] - origin, weights[i]);
+  }
   return result;
 }
 

@@ -53,10 +53,13 @@ KnotVector::BasisTable KnotVector::basisAt(const std::vector<double>& parameters
   table._first.reserve(parameters.size());
   table._numbers.reserve(parameters.size() * 2 * table._order);
   for (const double parameter : parameters) {
-    const int first = static_cast<int>(Spline::Span(parameter, _degree, knots)) - _degree;
+    // At the end the last span counts, also where its knot is repeated.
+    const double within = parameter < end() ? parameter : std::nextafter(end(), begin());
+    const int first = static_cast<int>(Spline::Span(within, _degree, knots)) - _degree;
     table._first.push_back(first);
-    Eigen::ArrayXXd basis = Spline::BasisFunctionDerivatives(parameter, 1, _degree, knots);
-    if (const int through = interpolatedAt(parameter); through >= 0) {
+    Eigen::ArrayXXd basis = Spline::BasisFunctionDerivatives(within, 1, _degree, knots);
+    const int through = interpolatedAt(parameter);
+    if (through >= 0) {
       // Without rounding: surfaces that are closed must meet themselves.
       basis.row(0).setZero();
       basis(0, through - first) = 1.0;

@@ -4,6 +4,7 @@
 #include "host/model/HomogeneousPoint.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tarn {
@@ -54,7 +55,8 @@ public:
   /// Whether the spline may have a kink there: at a knot as in interpolatedAt, between the ends.
   bool mayKinkAt(double parameter) const;
 
-  /// The basis at many parameters. At a knot it is that of the span that begins there.
+  /// The basis at many parameters. At a knot it is that of the span that begins there, at the
+  /// end that of the last one.
   BasisTable basisAt(const std::vector<double>& parameters) const;
 
   /// The control points of a span as a Bézier curve, from those of the whole spline: polar values

@@ -29,7 +29,8 @@ int NURBSCurve::SetCurve(int degree, const std::vector<double>& knots,
 VOrdCollect* NURBSCurve::Tess3D(double tolerance, VOrdCollect** knotPoints) {
   if (knotPoints) *knotPoints = nullptr;
   if (_knots.isEmpty() || !(tolerance > 0.0) || !std::isfinite(tolerance)) return nullptr;
-  const auto weighted = ControlPoints::weighted(_controlPoints, _weights);
+  const Point3DDouble origin = _controlPoints.front();
+  const auto weighted = ControlPoints::weighted(_controlPoints, _weights, origin);
   const auto parameters =
       ChordSubdivision::of(_knots, {weighted}, tolerance, mostPoints - 1).parameters;
   if (parameters.empty()) return nullptr;
@@ -51,7 +52,7 @@ VOrdCollect* NURBSCurve::Tess3D(double tolerance, VOrdCollect** knotPoints) {
     }
     ThreeDPoint& point = _points[static_cast<std::size_t>(i)];
     point.SetApproximation(Point3DRandom(
-        through < 0 ? sum.point() : _controlPoints[static_cast<std::size_t>(through)]));
+        through < 0 ? origin + sum.point() : _controlPoints[static_cast<std::size_t>(through)]));
     _allPoints.add(&point);
     while (*knot < parameter) ++knot;
     if (*knot == parameter) _knotPoints.addIndex(i);

@@ -91,7 +91,7 @@ double sizeOf(const std::vector<Point3DDouble>& points) {
   return box.diagonal().norm();
 }
 
-// Adds the triangles of a grid to a set.
+// Adds the triangles of a grid to a set. The surface is seen from its first control point.
 class TriangleMaker {
 public:
   TriangleMaker(TessellatedSurface& target, int set, const SurfaceSpline& surface,
@@ -143,11 +143,6 @@ private:
     row.places.resize(grid.u.size());
     for (std::size_t i = 0; i < grid.u.size(); ++i) {
       row.places[i] = places[sidesU.behind[i]].point;
-      if (throughV >= 0) {
-        // What the surface passes through is not left to rounding.
-        const int throughU = surface.knotsU.interpolatedAt(grid.u[i]);
-        if (throughU >= 0) row.places[i] = controlPoints[surface.at(throughU, throughV)];
-      }
       const auto isAt = [&](const Point3DDouble& other) {
         return (row.places[i] - other).length() <= nothing;
       };
@@ -156,7 +151,11 @@ private:
       } else if (below && isAt(below->places[i])) {
         row.points[i] = below->points[i];
       } else {
-        row.points[i] = &target.AddPoint(row.places[i]);
+        // What the surface passes through is not left to rounding.
+        const int throughU = throughV < 0 ? -1 : surface.knotsU.interpolatedAt(grid.u[i]);
+        row.points[i] =
+            &target.AddPoint(throughU < 0 ? controlPoints.front() + row.places[i]
+                                          : controlPoints[surface.at(throughU, throughV)]);
       }
     }
   }
@@ -234,7 +233,7 @@ int NURBSSurface::SetSurface(int degreeU, const std::vector<double>& knotsU, int
 
 int NURBSSurface::Tessellate(double tolerance) {
   if (_knotsU.isEmpty() || !(tolerance > 0.0) || !std::isfinite(tolerance)) return 0;
-  const auto weighted = ControlPoints::weighted(_controlPoints, _weights);
+  const auto weighted = ControlPoints::weighted(_controlPoints, _weights, _controlPoints.front());
   const SurfaceSpline surface{_knotsU, _knotsV, weighted};
   const auto grid = SurfaceGrid::of(surface, tolerance, mostTriangles / 2);
   if (!grid) return 0;

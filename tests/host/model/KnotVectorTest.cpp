@@ -16,6 +16,8 @@ protected:
   // Cubic; a knot alone, and one that is repeated three times.
   const KnotVector clamped = made(3, {0, 0, 0, 0, 0.3, 1, 1, 1, 2.5, 2.5, 2.5, 2.5});
   const KnotVector unclamped = made(2, {0, 1, 2, 4, 5, 6, 7});
+  // Its last knot is repeated before the end, where a span without length is.
+  const KnotVector repeatedAtEnd = made(3, {0, 1, 2, 3, 5, 5, 6, 7, 8});
 };
 
 TEST_F(KnotVectorTest, TheParameterRunsBetweenTheKnotsNumberedByTheDegree) {
@@ -58,7 +60,7 @@ TEST_F(KnotVectorTest, KinksAreBetweenTheEnds) {
 }
 
 TEST_F(KnotVectorTest, TheBasisIsThatOfTheDefinition) {
-  for (const KnotVector& knots : {clamped, unclamped}) {
+  for (const KnotVector& knots : {clamped, unclamped, repeatedAtEnd}) {
     std::vector<double> parameters;
     for (int i = 0; i <= 20; ++i) {
       parameters.push_back(knots.begin() + (knots.end() - knots.begin()) * i / 20);
@@ -97,7 +99,7 @@ TEST_F(KnotVectorTest, DerivativesAreThoseOfTheSpanThatBegins) {
 }
 
 TEST_F(KnotVectorTest, ASpanAsABezierCurveIsTheSameCurve) {
-  for (const KnotVector& knots : {clamped, unclamped}) {
+  for (const KnotVector& knots : {clamped, unclamped, repeatedAtEnd}) {
     std::vector<Point3DDouble> points;
     std::vector<double> weights;
     std::vector<HomogeneousPoint> weighted;

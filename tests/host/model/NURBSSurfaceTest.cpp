@@ -152,6 +152,23 @@ TEST_F(NURBSSurfaceTest, ASphereIsRoundAndClosedAndItsNormalsPointOutwards) {
   EXPECT_EQ(openEdges(), 0U);
 }
 
+TEST_F(NURBSSurfaceTest, FarFromTheOriginPolesAreClosedAndNormalsAsExact) {
+  SurfaceData data = SurfaceData::sphere();
+  set(data);
+  ASSERT_TRUE(surface.Tessellate(0.01));
+  std::vector<Point3DDouble> normals;
+  for (const tarn::Triangle* triangle : triangles()) normals.push_back(*triangle->GetNormal(0));
+  for (auto& point : data.points) point = point + Point3DDouble{4512345, 5512345, 345};
+  set(data);
+  ASSERT_TRUE(surface.Tessellate(0.01));
+  const auto far = triangles();
+  ASSERT_EQ(far.size(), normals.size());
+  for (std::size_t i = 0; i < far.size(); ++i) {
+    EXPECT_NEAR((*far[i]->GetNormal(0) - normals[i]).length(), 0.0, 1e-5);
+  }
+  EXPECT_EQ(openEdges(), 0U);
+}
+
 TEST_F(NURBSSurfaceTest, NormalsAwayFromPolesAreTheSurfacesOwn) {
   set(SurfaceData::sphere());
   ASSERT_TRUE(surface.Tessellate(0.01));
@@ -301,7 +318,7 @@ TEST_P(NURBSSurfaceToleranceTest, NoPointOfTheSurfaceIsFartherFromItsCell) {
   const auto knotsV = tarn::KnotVector::make(data.degreeV, data.knotsV);
   ASSERT_TRUE(knotsU && knotsV);
   const auto weighted = tarn::ControlPoints::weighted(
-      data.points, tarn::ControlPoints::weightsOrOnes(data.points, data.weights));
+      data.points, tarn::ControlPoints::weightsOrOnes(data.points, data.weights), {});
   for (const double tolerance : {0.3, 0.02}) {
     const auto grid = tarn::SurfaceGrid::of({*knotsU, *knotsV, weighted}, tolerance, 10'000'000);
     ASSERT_TRUE(grid);

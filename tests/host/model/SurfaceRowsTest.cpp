@@ -12,7 +12,7 @@ protected:
   const tarn::KnotVector knotsU = tarn::KnotVector::make(data.degreeU, data.knotsU).value();
   const tarn::KnotVector knotsV = tarn::KnotVector::make(data.degreeV, data.knotsV).value();
   const std::vector<tarn::HomogeneousPoint> weighted = tarn::ControlPoints::weighted(
-      data.points, tarn::ControlPoints::weightsOrOnes(data.points, data.weights));
+      data.points, tarn::ControlPoints::weightsOrOnes(data.points, data.weights), {});
   const tarn::SurfaceSpline surface{knotsU, knotsV, weighted};
 
   static std::vector<double> between(const tarn::KnotVector& knots) {
