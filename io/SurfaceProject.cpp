@@ -5,6 +5,7 @@
 #include "host/model/Project.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -13,14 +14,33 @@ namespace tarn {
 
 namespace {
 
+// A name as it stands in an address: a blank is %20 there. As it is where it is no such name.
+std::string withoutEscapes(const std::string& name) {
+  std::string plain;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    unsigned char byte = 0;
+    const char* digits = name.data() + i + 1;
+    if (name[i] == '%' && i + 2 < name.size() &&
+        std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
+      plain += static_cast<char>(byte);
+      i += 2;
+    } else {
+      plain += name[i];
+    }
+  }
+  return plain;
+}
+
 // The picture where it is, or beside the file where a path of another machine leads nowhere;
 // empty when it is in neither place. A whole path: what is written about it holds everywhere.
 std::string findPicture(const std::string& path, std::string name) {
   std::ranges::replace(name, '\\', '/');
   const fs::path folder = fs::absolute(path).parent_path();
-  for (const fs::path& place : {folder / name, folder / fs::path(name).filename()}) {
-    std::error_code ignored;
-    if (fs::is_regular_file(place, ignored)) return place.lexically_normal();
+  for (const std::string& written : {name, withoutEscapes(name)}) {
+    for (const fs::path& place : {folder / written, folder / fs::path(written).filename()}) {
+      std::error_code ignored;
+      if (fs::is_regular_file(place, ignored)) return place.lexically_normal();
+    }
   }
   return {};
 }

@@ -30,8 +30,13 @@ std::string extensionOf(const std::string& path) {
   return extension;
 }
 
+// The first ten of them, and how many there are besides.
 void say(const std::string& path, const std::vector<std::string>& notes) {
-  for (const std::string& note : notes) warning("%s: %s", path.c_str(), note.c_str());
+  constexpr std::size_t most = 10;
+  for (std::size_t i = 0; i < std::min(notes.size(), most); ++i) {
+    warning("%s: %s", path.c_str(), notes[i].c_str());
+  }
+  if (notes.size() > most) warning("%s: and %zu notes more", path.c_str(), notes.size() - most);
 }
 
 // The files of materials that are there. The name is the rest of the line, for names have blanks;

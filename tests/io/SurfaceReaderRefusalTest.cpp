@@ -274,3 +274,25 @@ TEST_F(DamagedSurfaceTest, WithItsFileOfMaterialsCutAnywhere) { cutEverywhere(ma
 TEST_F(DamagedSurfaceTest, WithEachByteOfItsFileOfMaterialsChanged) {
   changeEveryByte(materials, std::string_view("\0\xff \n-\\", 6), true);
 }
+
+TEST_F(SurfaceReaderRefusalTest, AnotherFormatCutOrChangedAnywhereDoesNoHarm) {
+  // One triangle in the binary form of STL.
+  std::string stl(80, ' ');
+  stl += std::string("\1\0\0\0", 4);
+  for (const float value : {0.F, 0.F, 1.F, 0.F, 0.F, 0.F, 1.F, 0.F, 0.F, 0.F, 1.F, 0.F}) {
+    stl.append(reinterpret_cast<const char*>(&value), sizeof value);
+  }
+  stl += std::string(2, '\0');
+  EXPECT_EQ(refusalOf(folder.write("whole.stl", stl)), "");
+  int refused = 0;
+  for (std::size_t i = 1; i < stl.size(); ++i) {
+    refused += !refusalOf(folder.write(std::to_string(i) + ".stl", stl.substr(0, i))).empty();
+    for (const char value : {'\x7f', '\xff'}) {
+      std::string changed = stl;
+      changed[i] = value;
+      refused += !refusalOf(folder.write(std::to_string(i) + value + "c.stl", changed)).empty();
+    }
+  }
+  EXPECT_GT(refused, 100);
+  takeWarnings();
+}

@@ -449,6 +449,20 @@ TEST_F(TexturedSurfaceTest, AMissingTextureIsTold) {
   EXPECT_THAT(uvsOf(surface), IsEmpty());
 }
 
+TEST_F(TexturedSurfaceTest, OfManyMissingTexturesTenAreTold) {
+  std::string materials;
+  std::string faces;
+  for (int i = 0; i < 14; ++i) {
+    materials += "newmtl m" + std::to_string(i) + "\nmap_Kd " + std::to_string(i) + ".jpg\n";
+    faces += "usemtl m" + std::to_string(i) + "\nf 1/1/1 2/2/1 3/3/1\n";
+  }
+  folder.write("m.mtl", materials);
+  EXPECT_EQ(read("mtllib m.mtl\n" + triangle + normals + uvs + faces).GetNumTriangleSets(), 14);
+  const std::vector<std::string> warnings = takeWarnings();
+  ASSERT_EQ(warnings.size(), 11U);
+  EXPECT_EQ(warnings.back(), folder.file("model.obj") + ": and 4 notes more");
+}
+
 TEST_F(TexturedSurfaceTest, AFolderInPlaceOfATextureIsMissing) {
   folder.write("m.mtl", "newmtl m\nmap_Kd a\n");
   std::filesystem::create_directory(folder.file("a"));
@@ -589,4 +603,37 @@ TEST_F(SurfaceReaderTest, AnOffFileIsReadWithItsPolygonsCut) {
   EXPECT_EQ(surface.GetName().str(), "square");
   EXPECT_THAT(takeWarnings(), ElementsAre(folder.file("square.off") +
                                           ": 2 of 2 triangles have no normals and are lit flat"));
+}
+
+// A triangle with its picture, mirrored along X, turned up and moved by its place in the scene.
+TEST_F(SurfaceReaderTest, AGltfFileIsReadAsItIsPlacedWithItsTexture) {
+  const std::string picture = folder.write("a b.png", "a picture");
+  const std::string numbers =
+      "AAAAAAAAAAAAAAAAAAAAQAAAAAAAAAAAAAAAAAAAgD8AAAAAAACAPgAAAD4AAIA/AAAAAAAAAAAAAIA/AAAAAAAAAAAA"
+      "AIA/AAAAAAAAAAAAAIA/AAAAAAAAAAAAAIA/AAABAAIA";
+  ImportedSurface& surface = read(
+      R"({"asset":{"version":"2.0"},"scene":0,"scenes":[{"nodes":[0]}],"nodes":[{"children":[1]},)"
+      R"({"name":"sail","mesh":0,"matrix":[-1,0,0,0, 0,0,1,0, 0,-1,0,0, 10,20,30,1]}],)"
+      R"("meshes":[{"primitives":[{"attributes":{"POSITION":0,"TEXCOORD_0":1,"NORMAL":2},)"
+      R"("indices":3,"material":0}]}],"materials":[{"name":"cloth","pbrMetallicRoughness":)"
+      R"({"baseColorTexture":{"index":0}}}],"textures":[{"source":0}],"images":[{"uri":"a%20b.png"}],)"
+      R"("accessors":[{"bufferView":0,"componentType":5126,"count":3,"type":"VEC3",)"
+      R"("min":[0,0,0],"max":[2,1,0]},)"
+      R"({"bufferView":1,"componentType":5126,"count":3,"type":"VEC2"},)"
+      R"({"bufferView":2,"componentType":5126,"count":3,"type":"VEC3"},)"
+      R"({"bufferView":3,"componentType":5123,"count":3,"type":"SCALAR"}],)"
+      R"("bufferViews":[{"buffer":0,"byteLength":36},{"buffer":0,"byteOffset":36,"byteLength":24},)"
+      R"({"buffer":0,"byteOffset":60,"byteLength":36},{"buffer":0,"byteOffset":96,"byteLength":6}],)"
+      R"("buffers":[{"byteLength":102,"uri":"data:application/octet-stream;base64,)" +
+          numbers + R"("}]})",
+      "ship.gltf");
+  EXPECT_EQ(surface.GetName().str(), "sail");
+  // The corners are those of the file brought to their place; that the matrix mirrors turns them
+  // round.
+  EXPECT_THAT(triangles(surface), ElementsAre(Corners{{{10, 20, 30}, {10, 20, 31}, {8, 20, 30}}}));
+  EXPECT_THAT(normalsOf(surface), ::testing::Each(Point3DDouble(0, -1, 0)));
+  // Such files count v downwards, too.
+  EXPECT_THAT(uvsOf(surface),
+              ElementsAre(std::array{0.25, 0.125}, std::array{0.0, 1.0}, std::array{1.0, 0.0}));
+  EXPECT_EQ(textureOf(surface), picture);
 }
