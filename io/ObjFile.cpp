@@ -58,7 +58,6 @@ bool ObjFile::isObj(std::string_view text) {
 
 ObjFile::ObjFile(const std::string& path, std::string_view text)
     : _path(path),
-      _text(text),
       _lines(path, text),
       _place(_lines.place()),
       _hasObjects(text.starts_with("o ") || text.find("\no ") != std::string_view::npos) {}

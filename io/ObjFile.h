@@ -70,7 +70,6 @@ private:
   SurfaceModel::Set& currentSet(SurfaceModel& model);
 
   const std::string& _path;
-  std::string_view _text;
   TextLines _lines;
   Place _place;         // of the record
   std::string _joined;  // a record that goes on over several lines

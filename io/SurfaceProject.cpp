@@ -3,9 +3,9 @@
 #include "host/general/VectorProducts.h"
 #include "host/model/Material.h"
 #include "host/model/Project.h"
+#include "io/NamedFile.h"
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -13,37 +13,6 @@ namespace fs = std::filesystem;
 namespace tarn {
 
 namespace {
-
-// A name as it stands in an address: a blank is %20 there. As it is where it is no such name.
-std::string withoutEscapes(const std::string& name) {
-  std::string plain;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    unsigned char byte = 0;
-    const char* digits = name.data() + i + 1;
-    if (name[i] == '%' && i + 2 < name.size() &&
-        std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-      plain += static_cast<char>(byte);
-      i += 2;
-    } else {
-      plain += name[i];
-    }
-  }
-  return plain;
-}
-
-// The picture where it is, or beside the file where a path of another machine leads nowhere;
-// empty when it is in neither place. A whole path: what is written about it holds everywhere.
-std::string findPicture(const std::string& path, std::string name) {
-  std::ranges::replace(name, '\\', '/');
-  const fs::path folder = fs::absolute(path).parent_path();
-  for (const std::string& written : {name, withoutEscapes(name)}) {
-    for (const fs::path& place : {folder / written, folder / fs::path(written).filename()}) {
-      std::error_code ignored;
-      if (fs::is_regular_file(place, ignored)) return place.lexically_normal();
-    }
-  }
-  return {};
-}
 
 // Steele, Lea, Flood, Fast splittable pseudorandom number generators, 2014: the mixing function.
 std::uint64_t mixed(std::uint64_t value) {
@@ -55,10 +24,6 @@ std::uint64_t mixed(std::uint64_t value) {
 std::uint64_t hashOfEdge(int from, int to) {
   return mixed((std::uint64_t{static_cast<std::uint32_t>(from)} << 32) +
                static_cast<std::uint32_t>(to) + 0x9E3779B97F4A7C15U);
-}
-
-std::string several(std::size_t count, const char* things) {
-  return std::to_string(count) + " " + things;
 }
 
 }  // namespace
@@ -80,7 +45,7 @@ std::vector<ImportedSurface*> SurfaceProject::addTo(Project& project, ReadProgre
     fill(object, surface, progress);
     surfaces.push_back(&surface);
   }
-  const std::string all = " of " + several(_all, "triangles");
+  const std::string all = " of " + std::to_string(_all) + " triangles";
   if (_withoutNormals > 0) {
     _notes.push_back(std::to_string(_withoutNormals) + all + " have no normals and are lit flat");
   }
@@ -100,7 +65,7 @@ void SurfaceProject::findTextures() {
                        "\" stands inside of the file and is not shown");
       continue;
     }
-    texture = findPicture(_path, material.texture);
+    texture = namedFile(_path, material.texture);
     if (texture.empty()) {
       _notes.push_back("the texture \"" + material.texture + "\" of the material \"" +
                        material.name + "\" is not there; its surfaces are shown without it");

@@ -5,6 +5,7 @@
 #include "host/model/Triangle.h"
 #include "io/AssimpFile.h"
 #include "io/FileContent.h"
+#include "io/NamedFile.h"
 #include "io/ObjFile.h"
 #include "io/PlyReader.h"
 #include "io/ReadError.h"
@@ -42,14 +43,11 @@ void say(const std::string& path, const std::vector<std::string>& notes) {
 // The files of materials that are there. The name is the rest of the line, for names have blanks;
 // where there is no such file it may be several names.
 std::vector<std::string> materialFiles(const std::string& path, const ObjFile& file) {
-  const fs::path folder = fs::absolute(path).parent_path();
   std::vector<std::string> files;
-  const auto add = [&](std::string name) {
-    std::ranges::replace(name, '\\', '/');
-    const fs::path place = (folder / name).lexically_normal();
-    std::error_code ignored;
-    if (!fs::is_regular_file(place, ignored)) return false;
-    files.push_back(place);
+  const auto add = [&](const std::string& name) {
+    std::string file = namedFile(path, name);
+    if (file.empty()) return false;
+    files.push_back(std::move(file));
     return true;
   };
   for (const ObjFile::Library& library : file.libraries()) {

@@ -400,6 +400,13 @@ TEST_F(TexturedSurfaceTest, SeveralFilesOfMaterialsOnOneLine) {
   EXPECT_EQ(colours(surface.GetMaterial()), "0 0 0, 0 255 0, 0 0 0, 0 0 0, 0.000");
 }
 
+TEST_F(TexturedSurfaceTest, AFileOfMaterialsOfAnotherMachinesPathIsFoundBesideTheFile) {
+  folder.write("a b.mtl", "newmtl a\nKd 1 0 0\n");
+  ImportedSurface& surface =
+      read("mtllib C:\\projects\\a b.mtl\n" + triangle + normals + "usemtl a\nf 1//1 2//1 3//1\n");
+  EXPECT_EQ(colours(surface.GetMaterial()), "0 0 0, 255 0 0, 0 0 0, 0 0 0, 0.000");
+}
+
 TEST_F(TexturedSurfaceTest, AMaterialThatIsDefinedTwiceIsTheFirst) {
   folder.write("a.mtl", "newmtl m\nKd 1 0 0\n");
   folder.write("b.mtl", "newmtl m\nKd 0 1 0\n");
