@@ -34,6 +34,7 @@ double rounded(double coordinate) {
 
 // The layers need the view offset from their first node on.
 ViewFraming framingWithOffset(const tarn::Project& project) {
+  SurfaceLayer::tessellate(project);  // surfaces are framed by their triangles
   ViewFraming framing(project);
   const tarn::Point3DDouble centre = framing.objectExtents().GetCentre();
   tarn::gThreeDViewOffset = {rounded(centre.x), rounded(centre.y), rounded(centre.z)};

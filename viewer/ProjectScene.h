@@ -29,7 +29,7 @@ class SoPickedPoint;
 /// A project as a scene graph.
 ///
 /// The root's children: the background where it is a gradient, a light and what else holds
-/// for all, the camera, then the layers (camera stations, imported surfaces, point meshes,
+/// for all, the camera, then the layers (camera stations, surfaces, point meshes,
 /// contours, a photograph's surface, object points, rays), the axes, the ground plane, and last
 /// what is drawn over all else: a point that is marked, which stands there a second time. The light
 /// stands ahead of the camera and so shines from the eye.

@@ -5,6 +5,8 @@
 
 #include "host/model/ImportedLine.h"
 #include "host/model/ImportedSurface.h"
+#include "host/model/NURBSCurve.h"
+#include "host/model/NURBSSurfaceCylinder.h"
 #include "host/model/Project.h"
 #include "nodes/framework/ViewerFrame.h"
 
@@ -146,14 +148,24 @@ ViewFraming::ViewFraming(const tarn::Project& project) {
   }
   // What was modelled has no outliers: the few corners of the ground may be as far as they like.
   std::vector<Point> modelled;
-  const tarn::VOrdCollect& surfaces = project.GetImportedSurfaces();
-  for (int i = 0; i < surfaces.size(); ++i) {
-    sample(*static_cast<tarn::ImportedSurface*>(surfaces.at(i)), modelled);
+  for (const tarn::VOrdCollect* surfaces :
+       {&project.GetImportedSurfaces(), &project.GetNURBSSurfaces(),
+        &project.GetNURBSSurfaceCylinders()}) {
+    for (int i = 0; i < surfaces->size(); ++i) {
+      sample(*static_cast<tarn::Surface*>(surfaces->at(i)), modelled);
+    }
   }
   const tarn::VOrdCollect& lines = project.GetImportedLines();
   for (int i = 0; i < lines.size(); ++i) {
     const auto* line = static_cast<tarn::ImportedLine*>(lines.at(i));
     for (int end = 0; end < 2; ++end) take(line->GetThreeDPoint(end), modelled);
+  }
+  // A curve stays between its control points.
+  const tarn::VOrdCollect& curves = project.GetNURBSCurves();
+  for (int i = 0; i < curves.size(); ++i) {
+    const std::vector<Point>& around =
+        static_cast<tarn::NURBSCurve*>(curves.at(i))->GetControlPoints();
+    modelled.insert(modelled.end(), around.begin(), around.end());
   }
   std::vector<Point> stations;
   const tarn::VOrdCollect& allStations = project.GetCameraStations();

@@ -23,12 +23,13 @@ class Project;
 /// viewer frame.
 class ViewFraming {
 public:
-  /// Looks at the project's object points, oriented stations, imported lines, and at point meshes
-  /// and imported surfaces (of large ones at every so manyth point or triangle).
+  /// Looks at the project's object points, oriented stations, imported lines and curves, at point
+  /// meshes, and at the triangles of imported surfaces, NURBS surfaces and cylinders (of large ones
+  /// at every so manyth point or triangle).
   explicit ViewFraming(const tarn::Project& project);
 
-  /// The box of the object points and meshes without outliers, and of the surfaces and lines; of
-  /// the stations when there is none of these.
+  /// The box of the object points and meshes without outliers, and of surfaces, lines and curves;
+  /// of the stations when there is none of these.
   const tarn::Extents& objectExtents() const { return extents; }
   /// The length of that box's diagonal; 1 when it has none.
   double objectDiagonal() const { return diagonal; }

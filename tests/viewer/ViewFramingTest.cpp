@@ -6,6 +6,8 @@
 
 #include "host/model/ImportedLine.h"
 #include "host/model/ImportedSurface.h"
+#include "host/model/NURBSCurve.h"
+#include "host/model/NURBSSurfaceCylinder.h"
 #include "host/model/Project.h"
 #include "nodes/framework/NodeRef.h"
 #include "nodes/framework/ViewerFrame.h"
@@ -105,6 +107,20 @@ TEST_F(ViewFramingTest, BoxHoldsSurfacesAndLinesToTheirLastCorner) {
   ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
   EXPECT_EQ(low, Point3DDouble(-500.0, 45.0, -3.0));
   EXPECT_EQ(high, Point3DDouble(110.0, 700.0, 22.5));
+}
+
+TEST_F(ViewFramingTest, BoxHoldsTheTrianglesOfCylindersAndTheControlPointsOfCurves) {
+  tarn::NURBSSurfaceCylinder& cylinder = project.AddNURBSSurfaceCylinder();
+  cylinder.GetCylinder()->SetEndPoints({10, 20, 30}, {10, 20, 50});
+  cylinder.GetCylinder()->SetRadius(2.0);
+  ASSERT_TRUE(cylinder.Tessellate(0.01));
+  ASSERT_TRUE(project.AddNURBSCurve().SetCurve(1, {0, 0, 1, 1}, {{11, 20, 40}, {60, 21, 40}}));
+  const ViewFraming framing(project);
+  Point3DDouble low;
+  Point3DDouble high;
+  ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
+  EXPECT_NEAR((low - Point3DDouble(8, 18, 30)).length(), 0.0, 0.1);
+  EXPECT_NEAR((high - Point3DDouble(60, 22, 50)).length(), 0.0, 0.1);
 }
 
 TEST_F(ViewFramingTest, BoxOfALargeSurfaceIsThatOfSomeOfItsTriangles) {

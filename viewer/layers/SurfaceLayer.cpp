@@ -6,18 +6,23 @@
 #include "host/model/ImportedLine.h"
 #include "host/model/ImportedSurface.h"
 #include "host/model/Material.h"
+#include "host/model/NURBSCurve.h"
+#include "host/model/NURBSSurfaceCylinder.h"
 #include "host/model/Project.h"
 #include "io/ReadProgress.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOIMaterial.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/surfaces/TarnOICurveSeparator.h"
+#include "nodes/surfaces/TarnOICylinderSeparator.h"
 #include "nodes/surfaces/TarnOIImportedLineSeparator.h"
 #include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "viewer/layers/SceneContext.h"
 
 #include <algorithm>
 #include <memory>
+#include <type_traits>
 
 namespace {
 
@@ -42,8 +47,9 @@ SoMaterial* nodeOf(tarn::Material& material, bool textured) {
 }
 
 // What a set is drawn with: a texture that is not to be multiplied has Coin's usual material.
-SoMaterial* materialOf(const tarn::ImportedSurface& surface, int set, bool textured) {
+SoMaterial* materialOf(const tarn::TessellatedSurface& surface, int set, bool textured) {
   tarn::Material* material = surface.GetMaterialOfSet(set);
+  if (!material) material = surface.GetMaterial();
   if (!material) return usualMaterial();
   return textured && !material->GetBlendRGBWithTexture() ? new SoMaterial
                                                          : nodeOf(*material, textured);
@@ -51,7 +57,7 @@ SoMaterial* materialOf(const tarn::ImportedSurface& surface, int set, bool textu
 
 // Puts each set's material ahead of its nodes, which the node has in that order: the sets without
 // texture from the last to the first, then the textured ones.
-void putMaterials(SoGroup& node, const tarn::ImportedSurface& surface,
+void putMaterials(SoGroup& node, const tarn::TessellatedSurface& surface,
                   const std::vector<TarnOITexture*>& textures) {
   std::vector<int> sets;
   for (int set = surface.GetNumTriangleSets() - 1; set >= 0; --set) {
@@ -80,46 +86,74 @@ void putMaterials(SoGroup& node, const tarn::ImportedSurface& surface,
 
 }  // namespace
 
-SurfaceLayer::SurfaceLayer(const tarn::Project& project, SceneContext& context)
-    : SceneLayer("Imported surfaces", context) {
+SurfaceLayer::SurfaceLayer(tarn::Project& project, SceneContext& context)
+    : SceneLayer("Surfaces", context) {
   singleSided->vertexOrdering = SoShapeHints::COUNTERCLOCKWISE;
   singleSided->shapeType = SoShapeHints::SOLID;
   doubleSided->vertexOrdering = SoShapeHints::COUNTERCLOCKWISE;
   separator->addChild(usualMaterial());
-  addSurfaces(project);
+  addSurfaces<TarnOIImportedSurfaceSeparator>(project.GetImportedSurfaces(), "imported surfaces");
+  addSurfaces<TarnOINurbsSurfaceSeparator>(project.GetNURBSSurfaces(), "NURBS surfaces");
+  addSurfaces<TarnOICylinderSeparator>(project.GetNURBSSurfaceCylinders(), "cylinders");
   addLines(project);
 }
 
 SurfaceLayer::~SurfaceLayer() = default;
 
-void SurfaceLayer::addSurfaces(const tarn::Project& project) {
-  const tarn::VOrdCollect& surfaces = project.GetImportedSurfaces();
-  tarn::ReadProgress progress(context.progress, "surfaces");
+void SurfaceLayer::tessellate(const tarn::Project& project) {
+  for (const tarn::VOrdCollect* surfaces :
+       {&project.GetNURBSSurfaces(), &project.GetNURBSSurfaceCylinders()}) {
+    for (int i = 0; i < surfaces->size(); ++i) {
+      auto* surface = static_cast<tarn::NURBSSurface*>(surfaces->at(i));
+      if (surface->GetNumTriangleSets() > 0) continue;
+      surface->Tessellate(project.GetCurveTesselationTolerance());
+    }
+  }
+}
+
+template <typename Node>
+void SurfaceLayer::addSurfaces(const tarn::VOrdCollect& surfaces, const char* step) {
+  if (surfaces.size() == 0) return;
+  tarn::ReadProgress progress(context.progress, step);
   for (int i = 0; i < surfaces.size(); ++i) {
-    add(*static_cast<tarn::ImportedSurface*>(surfaces.at(i)));
+    add<Node>(*static_cast<tarn::TessellatedSurface*>(surfaces.at(i)));
     progress.at(static_cast<double>(i + 1) / surfaces.size());
   }
 }
 
-void SurfaceLayer::addLines(const tarn::Project& project) {
+void SurfaceLayer::addLines(tarn::Project& project) {
   const tarn::VOrdCollect& lines = project.GetImportedLines();
   for (int i = 0; i < lines.size(); ++i) {
     auto* node = new TarnOIImportedLineSeparator;
     separator->addChild(node);
     node->SetImportedLine(static_cast<tarn::ImportedLine*>(lines.at(i)), &context.objects);
   }
+  const tarn::VOrdCollect& curves = project.GetNURBSCurves();
+  for (int i = 0; i < curves.size(); ++i) {
+    auto* node = new TarnOICurveSeparator;
+    separator->addChild(node);
+    node->SetCurve(static_cast<tarn::NURBSCurve*>(curves.at(i)), &context.objects, &project);
+  }
 }
 
-void SurfaceLayer::add(tarn::ImportedSurface& surface) {
+template <typename Node>
+void SurfaceLayer::add(tarn::TessellatedSurface& surface) {
+  auto* node = new Node;
+  separator->addChild(node);
   std::vector<TarnOITexture*> ofSets;
   for (int set = 0; set < surface.GetNumTriangleSets(); ++set) {
     ofSets.push_back(textureOf(surface.GetTextureFile(set)));
   }
-  auto* node = new TarnOIImportedSurfaceSeparator;
-  separator->addChild(node);
   tarn::VOrdCollect* sets = surface.GetTriangleSets();
-  node->SetImportedSurface(&surface, &context.objects, singleSided.get(), doubleSided.get(),
-                           ofSets.data(), &sets, surface.GetUvMatrices());
+  const auto set = [&](auto... mode) {
+    node->SetNurbsSurface(&surface, &context.objects, singleSided.get(), doubleSided.get(),
+                          ofSets.data(), &sets, surface.GetUvMatrices(), mode...);
+  };
+  if constexpr (std::is_same_v<Node, TarnOICylinderSeparator>) {
+    set(/*asCentreLine=*/0);
+  } else {
+    set();
+  }
   putMaterials(*node, surface, ofSets);
 }
 

@@ -1,14 +1,19 @@
 #include "viewer/layers/SurfaceLayer.h"
 
 #include <Inventor/nodes/SoIndexedFaceSet.h>
+#include <Inventor/nodes/SoLineSet.h>
 #include <Inventor/nodes/SoNormal.h>
 #include <Inventor/nodes/SoShapeHints.h>
 
 #include "host/model/ImportedLine.h"
 #include "host/model/ImportedSurface.h"
+#include "host/model/NURBSCurve.h"
+#include "host/model/NURBSSurfaceCylinder.h"
 #include "host/model/Project.h"
 #include "nodes/framework/TarnOIMaterial.h"
 #include "nodes/framework/TarnOITexture.h"
+#include "nodes/surfaces/TarnOICurveSeparator.h"
+#include "nodes/surfaces/TarnOICylinderSeparator.h"
 #include "nodes/surfaces/TarnOIImportedLineSeparator.h"
 #include "nodes/surfaces/TarnOIImportedSurfaceSeparator.h"
 #include "tests/support/NodesBelow.h"
@@ -58,13 +63,13 @@ protected:
     layer = std::make_unique<SurfaceLayer>(project, context);
     return *layer;
   }
-  SoGroup& nodeOf(tarn::ImportedSurface& surface) const {
-    return *static_cast<TarnOIImportedSurfaceSeparator*>(context.objects.atKey(&surface));
+  SoGroup& nodeOf(tarn::TessellatedSurface& surface) const {
+    return *static_cast<TarnOINurbsSurfaceSeparator*>(context.objects.atKey(&surface));
   }
 
   // What the surface is drawn with, set by set as its node has them: the texture's file and the
   // material's diffuse colour.
-  std::vector<std::string> drawn(tarn::ImportedSurface& surface) const {
+  std::vector<std::string> drawn(tarn::TessellatedSurface& surface) const {
     std::vector<std::string> sets;
     std::string texture = "plain";
     const SoMaterial* material = nullptr;
@@ -108,6 +113,32 @@ TEST_F(SurfaceLayerTest, EachSurfaceAndLineHasItsNode) {
     EXPECT_NE(context.objects.atKey(object), nullptr);
   }
   EXPECT_THAT(layer->notes(), IsEmpty());
+}
+
+TEST_F(SurfaceLayerTest, NurbsSurfacesCylindersAndCurvesHaveTheirNodes) {
+  tarn::NURBSSurface& surface = project.AddNURBSSurface();
+  ASSERT_TRUE(surface.SetSurface(1, {0, 0, 1, 1}, 1, {0, 0, 1, 1},
+                                 {{0, 0, 0}, {4, 0, 0}, {0, 3, 0}, {4, 3, 1}}));
+  tarn::NURBSSurfaceCylinder& cylinder = project.AddNURBSSurfaceCylinder();
+  cylinder.GetCylinder()->SetEndPoints({0, 0, 0}, {0, 0, 5});
+  cylinder.GetCylinder()->SetRadius(2.0);
+  cylinder.GetCylinder()->SetThreeDExtenstionFactor(2.0);
+  tarn::NURBSCurve& curve = project.AddNURBSCurve();
+  ASSERT_TRUE(curve.SetCurve(1, {0, 0, 1, 1}, {{0, 0, 0}, {9, 0, 0}}));
+  project.SetCurveTesselationTolerance(0.05);
+  SurfaceLayer::tessellate(project);
+  const int triangles = surface.GetTriangles()->size();
+  EXPECT_GT(triangles, 1);
+  EXPECT_GT(cylinder.GetTriangles()->size(), 10);
+  SurfaceLayer::tessellate(project);
+  EXPECT_EQ(surface.GetTriangles()->size(), triangles);
+  show();
+  EXPECT_TRUE(nodeOf(surface).isOfType(TarnOINurbsSurfaceSeparator::getClassTypeId()));
+  EXPECT_THAT(drawn(surface), ElementsAre("plain 204 199 184"));
+  EXPECT_TRUE(nodeOf(cylinder).isOfType(TarnOICylinderSeparator::getClassTypeId()));
+  EXPECT_EQ(nodesBelow<SoLineSet>(&nodeOf(cylinder)).size(), 1U) << "its axis is not prolonged";
+  EXPECT_NE(context.objects.atKey(&curve), nullptr);
+  EXPECT_EQ(nodesBelow<TarnOICurveSeparator>(layer->root()).size(), 1U);
 }
 
 TEST_F(SurfaceLayerTest, SetsWithoutAMaterialHaveTheUsualOne) {
