@@ -10,6 +10,7 @@
 #include "host/model/NURBSSurfaceCylinder.h"
 #include "host/model/Project.h"
 #include "io/ReadProgress.h"
+#include "nodes/framework/OneNotification.h"
 #include "nodes/framework/SceneColor.h"
 #include "nodes/framework/TarnOILayerSeparator.h"
 #include "nodes/framework/TarnOIMaterial.h"
@@ -66,21 +67,23 @@ void putMaterials(SoGroup& node, const tarn::TessellatedSurface& surface,
   for (int set = 0; set < surface.GetNumTriangleSets(); ++set) {
     if (textures[static_cast<std::size_t>(set)]) sets.push_back(set);
   }
-  std::vector<SoNode*> children;
-  for (int i = 0; i < node.getNumChildren(); ++i) children.push_back(node.getChild(i));
+  // Appended all anew: put in one by one, tens of thousands of sets would move each other on.
+  std::vector<NodeRef<SoNode>> children;
+  for (int i = 0; i < node.getNumChildren(); ++i) children.emplace_back(node.getChild(i));
+  const OneNotification once(node);
+  node.removeAllChildren();
   auto next = sets.begin();
   bool isBegin = true;
-  int at = 0;
-  for (SoNode* child : children) {
+  for (const NodeRef<SoNode>& child : children) {
     const bool isOfSet = child->isOfType(SoNormal::getClassTypeId()) ||
                          child->isOfType(TarnOITexture::getClassTypeId());
     if (isBegin && isOfSet && next != sets.end()) {
       const bool textured = textures[static_cast<std::size_t>(*next)] != nullptr;
-      node.insertChild(materialOf(surface, *next++, textured), at++);
+      node.addChild(materialOf(surface, *next++, textured));
       isBegin = false;
     }
     isBegin = isBegin || child->isOfType(SoIndexedFaceSet::getClassTypeId());
-    ++at;
+    node.addChild(child.get());
   }
 }
 
