@@ -200,4 +200,33 @@ ChordSubdivision ChordSubdivision::of(const KnotVector& knots,
   return result;
 }
 
+std::vector<double> ChordSubdivision::deviationsOf(
+    const KnotVector& knots, const std::vector<std::vector<HomogeneousPoint>>& curves,
+    const std::vector<double>& parameters) {
+  const int degree = knots.degree();
+  const std::size_t order = static_cast<std::size_t>(degree) + 1;
+  std::vector<double> result;
+  std::vector<HomogeneousPoint> whole;
+  for (const KnotVector::Span& span : knots.spans()) {
+    whole.clear();
+    for (const auto& curve : curves) knots.appendBezier(span, curve, whole);
+    while (result.size() + 1 < parameters.size() && parameters[result.size()] < span.end) {
+      const double length = span.end - span.begin;
+      const double begin = (parameters[result.size()] - span.begin) / length;
+      const double end = (parameters[result.size() + 1] - span.begin) / length;
+      double largest = 0.0;
+      for (std::size_t i = 0; i < whole.size(); i += order) {
+        Piece before;
+        Piece behind;
+        Piece unused;
+        cutAt(begin, whole.data() + i, degree, before, behind);
+        cutAt((end - begin) / (1.0 - begin), behind.data(), degree, before, unused);
+        largest = std::max(largest, deviation(before, degree));
+      }
+      result.push_back(largest);
+    }
+  }
+  return result;
+}
+
 }  // namespace tarn

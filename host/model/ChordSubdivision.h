@@ -4,6 +4,7 @@
 #include "host/model/HomogeneousPoint.h"
 #include "host/model/KnotVector.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace tarn {
@@ -35,6 +36,12 @@ struct TARN_HOST_EXPORT ChordSubdivision {
   static ChordSubdivision of(const KnotVector& knots,
                              const std::vector<std::vector<HomogeneousPoint>>& curves,
                              double tolerance, std::size_t most);
+
+  /// The deviations of pieces that are cut already: at these parameters, ascending, every knot
+  /// between the ends and both ends among them.
+  static std::vector<double> deviationsOf(const KnotVector& knots,
+                                          const std::vector<std::vector<HomogeneousPoint>>& curves,
+                                          const std::vector<double>& parameters);
 };
 
 }  // namespace tarn

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace tarn {
@@ -79,17 +80,18 @@ double gapOf(const Point3DDouble& a0, const Point3DDouble& a1, const Point3DDoub
 // into equal parts where the cells' corners are too far from one plane.
 struct Direction {
   std::vector<double> ends;        // of the pieces
-  std::vector<double> deviations;  // of each piece
   std::vector<int> parts;          // of each piece
   std::vector<double> parameters;  // of all parts
   std::vector<std::size_t> piece;  // of each part
+  std::vector<double> deviations;  // of each part
 
   void set(ChordSubdivision cut) {
     ends = std::move(cut.parameters);
-    deviations = std::move(cut.deviations);
-    parts.assign(deviations.size(), 1);
+    parts.assign(cut.deviations.size(), 1);
     divide();
+    deviations = std::move(cut.deviations);
   }
+  // Leaves the deviations to be told.
   void divide() {
     parameters.assign(1, ends.front());
     piece.clear();
@@ -121,6 +123,7 @@ public:
       : surface(surface), tolerance(tolerance), mostCells(mostCells) {
     const double none = std::numeric_limits<double>::infinity();
     alongU = curvesAlongU(surface, sampled(surface.knotsV));
+    samples = alongU.size();
     wholeV = ChordSubdivision::of(surface.knotsV, curvesAlongV(surface, sampled(surface.knotsU)),
                                   none, mostCells)
                  .largestDeviation();
@@ -142,6 +145,8 @@ public:
       v.parts = wantedV;
       u.divide();
       v.divide();
+      v.deviations = ChordSubdivision::deviationsOf(
+          surface.knotsV, curvesAlongV(surface, u.parameters), v.parameters);
       measure();
     }
     return SurfaceGrid{u.parameters, v.parameters};
@@ -165,6 +170,10 @@ private:
 
   // Looks at every cell, and tells into how many parts pieces with cells too far off should go.
   void measure() {
+    // Along u, the rows are looked at besides the curves that it was cut by.
+    alongU.resize(samples);
+    std::ranges::move(curvesAlongU(surface, v.parameters), std::back_inserter(alongU));
+    u.deviations = ChordSubdivision::deviationsOf(surface.knotsU, alongU, u.parameters);
     SurfaceRows rows(surface, u.parameters, v.parameters);
     wantedU = u.parts;
     wantedV = v.parts;
@@ -178,12 +187,13 @@ private:
         const std::size_t pieceU = u.piece[i];
         const double gap =
             gapOf(below[i].point, above[i + 1].point, below[i + 1].point, above[i].point);
-        const double curved = u.deviations[pieceU] + v.deviations[pieceV];
+        const double curved = u.deviations[i] + v.deviations[j];
         widestGap = std::max(widestGap, gap);
         worst = std::max(worst, curved + gap);
         if (curved + gap > tolerance) {
-          // Half the width and half the height leave a quarter of the gap.
-          const double times = std::sqrt(gap / std::max(tolerance - curved, 0.25 * tolerance));
+          // Half the width and half the height leave a quarter of either.
+          const double times = std::sqrt(std::max(
+              gap / std::max(tolerance - curved, 0.25 * tolerance), (curved + gap) / tolerance));
           wantedU[pieceU] = std::max(wantedU[pieceU], more(u.parts[pieceU], times));
           wantedV[pieceV] = std::max(wantedV[pieceV], more(v.parts[pieceV], times));
         }
@@ -198,7 +208,8 @@ private:
   const SurfaceSpline& surface;
   const double tolerance;
   const std::size_t mostCells;
-  Curves alongU;
+  Curves alongU;            // at sampled v and, once measured, at those of the rows
+  std::size_t samples = 0;  // how many of them are sampled
   double wholeV = 0.0;
   Direction u;
   Direction v;

@@ -20,8 +20,8 @@ struct TARN_HOST_EXPORT SurfaceGrid {
   /// where the corners are in one plane. A point of the surface is not farther from the two
   /// triangles than their sum: the first two lead to the convex hull of the four corners, and
   /// the two triangles are no farther from any of its points than the diagonals are from each
-  /// other. The curves are bounded (see ChordSubdivision), but along u not all of them: in
-  /// each span of v as many as its degree has orders.
+  /// other. The curves are bounded (see ChordSubdivision), but along u not all of them: those
+  /// at the cells' edges, and in each span of v as many more as its degree has orders.
   ///
   /// @param tolerance positive
   /// @param mostCells where there would be more, there is no grid

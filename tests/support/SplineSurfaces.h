@@ -101,6 +101,26 @@ struct SurfaceData {
     return data;
   }
 
+  /// Ruled, with weights that bend the curves between its straight-run edges more than those.
+  static SurfaceData weighted() {
+    return {1,
+            {0, 0, 1.34713, 1.34713},
+            3,
+            {0, 0, 0, 0, 1.72375, 2.08209, 2.08209, 2.08209, 2.08209},
+            {{0.0105935, 0.0296186, -0.0710983},
+             {0.985239, -0.00434167, -0.000553415},
+             {-0.00869772, 1.00363, 0.0557761},
+             {0.993376, 1.00677, 0.0634641},
+             {-0.00663822, 2.01369, -0.026148},
+             {1.03623, 2.01355, 0.0770746},
+             {0.0072079, 3.00912, -0.0667341},
+             {0.980502, 3.02124, 0.0198986},
+             {-0.040893, 3.95986, 0.0136446},
+             {0.994045, 3.9728, -0.0214387}},
+            {1.79446, 0.189935, 0.565249, 1.22039, 0.206236, 1.32875, 0.921055, 0.888356, 0.750237,
+             3.90027}};
+  }
+
   static SurfaceData farAway() {
     SurfaceData data = free();
     for (auto& point : data.points) point = point + tarn::Point3DDouble{4512345, 5512345, 345};
@@ -128,6 +148,7 @@ struct NamedSurface {
 };
 
 inline const NamedSurface namedSurfaces[] = {
-    {"sphere", SurfaceData::sphere},   {"saddle", SurfaceData::saddle},
-    {"plane", SurfaceData::plane},     {"free", SurfaceData::free},
-    {"farAway", SurfaceData::farAway}, {"unclamped", SurfaceData::unclamped}};
+    {"sphere", SurfaceData::sphere},      {"saddle", SurfaceData::saddle},
+    {"plane", SurfaceData::plane},        {"free", SurfaceData::free},
+    {"weighted", SurfaceData::weighted},  {"farAway", SurfaceData::farAway},
+    {"unclamped", SurfaceData::unclamped}};

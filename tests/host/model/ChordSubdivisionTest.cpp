@@ -83,6 +83,14 @@ TEST_F(ChordSubdivisionTest, CurvesAreCutTogetherAsTheMostBentOneAsks) {
   EXPECT_LT(cut({flatter}, 0.01).parameters.size(), alone.parameters.size());
 }
 
+TEST_F(ChordSubdivisionTest, TellsTheDeviationsOfPiecesThatAreCutAlready) {
+  const auto pieces = cut({flatter, bent}, 0.01);
+  const auto told =
+      ChordSubdivision::deviationsOf(knots, {weighted(flatter), weighted(bent)}, pieces.parameters);
+  ASSERT_EQ(told.size(), pieces.deviations.size());
+  for (std::size_t i = 0; i < told.size(); ++i) EXPECT_NEAR(told[i], pieces.deviations[i], 1e-12);
+}
+
 TEST_F(ChordSubdivisionTest, MorePiecesThanAllowedAreNotMade) {
   const std::size_t count = cut({bent}, 0.01).deviations.size();
   EXPECT_EQ(cut({bent}, 0.01, count).deviations.size(), count);

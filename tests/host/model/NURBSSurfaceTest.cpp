@@ -319,7 +319,7 @@ TEST_P(NURBSSurfaceToleranceTest, NoPointOfTheSurfaceIsFartherFromItsCell) {
   ASSERT_TRUE(knotsU && knotsV);
   const auto weighted = tarn::ControlPoints::weighted(
       data.points, tarn::ControlPoints::weightsOrOnes(data.points, data.weights), {});
-  for (const double tolerance : {0.3, 0.02}) {
+  for (const double tolerance : {0.3, 0.0144}) {
     const auto grid = tarn::SurfaceGrid::of({*knotsU, *knotsV, weighted}, tolerance, 10'000'000);
     ASSERT_TRUE(grid);
     constexpr std::size_t parts = 4;
@@ -355,8 +355,7 @@ TEST_P(NURBSSurfaceToleranceTest, NoPointOfTheSurfaceIsFartherFromItsCell) {
       }
     }
     EXPECT_LE(farthest, tolerance + 1e-8);
-    const bool flat = data.points == SurfaceData::plane().points;
-    if (!flat) {
+    if (grid->u.size() * grid->v.size() > 20) {
       EXPECT_GT(farthest, 0.15 * tolerance) << "more cells than are needed";
     }
   }
