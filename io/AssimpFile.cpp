@@ -59,14 +59,16 @@ private:
   std::map<std::string, std::string, std::less<>> files;
 };
 
-Colour colourOf(const aiMaterial& material, const char* key, unsigned type, unsigned index) {
+// Takes the colour where the material has it.
+void take(Colour& colour, const aiMaterial& material, const char* key, unsigned type,
+          unsigned index) {
   aiColor3D color;
-  material.Get(key, type, index, color);
+  if (material.Get(key, type, index, color) != aiReturn_SUCCESS) return;
   const auto byte = [](ai_real value) {
     const ai_real inside = value > 0 ? std::min(value, ai_real{1}) : ai_real{0};
     return static_cast<std::uint8_t>(std::lround(255 * inside));
   };
-  return {byte(color.r), byte(color.g), byte(color.b)};
+  colour = {byte(color.r), byte(color.g), byte(color.b)};
 }
 
 std::string textureOf(const aiMaterial& material) {
@@ -85,15 +87,15 @@ SurfaceModel::Material lookOf(const aiMaterial& from) {
   aiString name;
   from.Get(AI_MATKEY_NAME, name);
   to.name = name.C_Str();
-  to.ambient = colourOf(from, AI_MATKEY_COLOR_AMBIENT);
-  to.diffuse = colourOf(from, AI_MATKEY_COLOR_DIFFUSE);
-  to.emissive = colourOf(from, AI_MATKEY_COLOR_EMISSIVE);
+  take(to.ambient, from, AI_MATKEY_COLOR_AMBIENT);
+  take(to.diffuse, from, AI_MATKEY_COLOR_DIFFUSE);
+  take(to.emissive, from, AI_MATKEY_COLOR_EMISSIVE);
   float exponent = 0.0F;
   from.Get(AI_MATKEY_SHININESS, exponent);
   to.shininess = 0.0;
   // A highlight with an exponent of 0 would be no highlight: it brightens all that is lit.
   if (exponent > 0.0F) {
-    to.specular = colourOf(from, AI_MATKEY_COLOR_SPECULAR);
+    take(to.specular, from, AI_MATKEY_COLOR_SPECULAR);
     to.shininess = std::min(static_cast<double>(exponent) / mostShiny, 1.0);
   }
   to.texture = textureOf(from);
@@ -104,7 +106,8 @@ struct PlaceHash {
   std::size_t operator()(const Point3DDouble& p) const {
     std::uint64_t hash = 0;
     for (const double coordinate : {p.x, p.y, p.z}) {
-      hash = (hash ^ std::bit_cast<std::uint64_t>(coordinate)) * 0x9E3779B97F4A7C15U;
+      // The sum makes one zero of both.
+      hash = (hash ^ std::bit_cast<std::uint64_t>(coordinate + 0.0)) * 0x9E3779B97F4A7C15U;
       hash ^= hash >> 32;
     }
     return hash;

@@ -7,10 +7,8 @@
 #include <string_view>
 #include <vector>
 
-namespace tarn {
-
 /// Files that the library Assimp reads: of surfaces, and of OBJ files' materials.
-namespace assimpFile {
+namespace tarn::assimpFile {
 
 /// Whether files of that extension, in small letters and with its dot, are read: STL, OFF, glTF,
 /// FBX and 3DS. The library knows many more, but ends the program, or takes all memory, with
@@ -25,6 +23,4 @@ void read(const std::string& path, SurfaceModel& model, ReadProgress& progress);
 /// be read or the library refuses it.
 std::vector<SurfaceModel::Material> readMaterials(const std::string& path);
 
-}  // namespace assimpFile
-
-}  // namespace tarn
+}  // namespace tarn::assimpFile

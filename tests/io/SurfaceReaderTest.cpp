@@ -593,7 +593,7 @@ TEST_F(SurfaceReaderTest, ProgressGoesFromItsBeginToItsEnd) {
 TEST_F(SurfaceReaderTest, AnStlFileIsReadWithItsPointsJoined) {
   ImportedSurface& surface = read(
       "solid part\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 2 0 0\nvertex 2 1 0\n"
-      "endloop\nendfacet\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 2 1 0\n"
+      "endloop\nendfacet\nfacet normal 0 0 1\nouter loop\nvertex 0 -0.0 0\nvertex 2 1 0\n"
       "vertex 0 1 0\nendloop\nendfacet\nendsolid part\n",
       "part.stl");
   EXPECT_THAT(triangles(surface), ElementsAre(Corners{{{0, 0, 0}, {2, 0, 0}, {2, 1, 0}}},
