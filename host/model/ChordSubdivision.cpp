@@ -146,17 +146,13 @@ private:
     }
     return largest;
   }
-  double deviationOf(std::size_t curve, double at) const {
-    Piece before;
-    Piece behind;
+  double deviationOf(std::size_t curve, double at) {
     cutAt(at, rest.data() + curve, degree, before, behind);
     return deviation(before, degree);
   }
 
   // From the whole each time: rounding must not add up.
   void moveRest() {
-    Piece before;
-    Piece behind;
     for (std::size_t i = 0; i < rest.size(); i += order()) {
       cutAt(begin, whole.data() + i, degree, before, behind);
       std::copy_n(behind.begin(), order(), rest.data() + i);
@@ -170,6 +166,8 @@ private:
   std::size_t farthestCurve = 0;  // its first point's index
   std::vector<HomogeneousPoint> whole;
   std::vector<HomogeneousPoint> rest;
+  Piece before;  // room to cut in
+  Piece behind;
 };
 
 }  // namespace
@@ -207,6 +205,9 @@ std::vector<double> ChordSubdivision::deviationsOf(
   const std::size_t order = static_cast<std::size_t>(degree) + 1;
   std::vector<double> result;
   std::vector<HomogeneousPoint> whole;
+  Piece before;
+  Piece behind;
+  Piece unused;
   for (const KnotVector::Span& span : knots.spans()) {
     whole.clear();
     for (const auto& curve : curves) knots.appendBezier(span, curve, whole);
@@ -216,9 +217,6 @@ std::vector<double> ChordSubdivision::deviationsOf(
       const double end = (parameters[result.size() + 1] - span.begin) / length;
       double largest = 0.0;
       for (std::size_t i = 0; i < whole.size(); i += order) {
-        Piece before;
-        Piece behind;
-        Piece unused;
         cutAt(begin, whole.data() + i, degree, before, behind);
         cutAt((end - begin) / (1.0 - begin), behind.data(), degree, before, unused);
         largest = std::max(largest, deviation(before, degree));

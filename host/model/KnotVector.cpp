@@ -75,9 +75,9 @@ void KnotVector::appendBezier(const Span& span, const std::vector<HomogeneousPoi
                               std::vector<HomogeneousPoint>& bezier) const {
   const double* const knot = _knots.data() + span.knot;
   const HomogeneousPoint* const first = controlPoints.data() + span.knot - _degree;
+  std::array<HomogeneousPoint, highestDegree + 1> polar;
   for (int point = 0; point <= _degree; ++point) {
     // De Boor's scheme with the span's end for the first `point` arguments, then its begin.
-    std::array<HomogeneousPoint, highestDegree + 1> polar;
     std::copy_n(first, _degree + 1, polar.begin());
     for (int level = 1; level <= _degree; ++level) {
       const double argument = level <= point ? span.end : span.begin;

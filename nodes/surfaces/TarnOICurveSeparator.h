@@ -12,6 +12,11 @@ class Project;
 /// Children: curvePos (SoCoordinate3), curveSet (SoLineSet).
 ///
 /// Preference, read where no project is given: "CurveTessTolPercent" (section "Curve", 0.03).
+///
+/// Use:
+///   auto* node = new TarnOICurveSeparator;
+///   layer->addChild(node);
+///   node->SetCurve(&curve, &dictionary, &project);
 class TARNOI_EXPORT TarnOICurveSeparator : public TarnOISeparator {
   TARNOI_NODE_HEADER(TarnOICurveSeparator);
 

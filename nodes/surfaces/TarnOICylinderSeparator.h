@@ -15,6 +15,12 @@ class Cylinder;
 /// Children of a surface: those of TarnOINurbsSurfaceSeparator; of a centre line: SoCoordinate3,
 /// SoLineSet. After them, once the axis was prolonged, an SoSeparator with
 /// cylinderExtensionPos, SoDrawStyle (dashed), cylinderExtensionSet.
+///
+/// Use:
+///   surface.Tessellate(0.001);
+///   tarn::VOrdCollect* sets = surface.GetTriangleSets();
+///   node->SetNurbsSurface(&surface, &dictionary, singleSided, doubleSided, nullptr, &sets,
+///                         surface.GetUvMatrices(), /*asCentreLine=*/0);
 class TARNOI_EXPORT TarnOICylinderSeparator : public TarnOINurbsSurfaceSeparator {
   TARNOI_NODE_HEADER(TarnOICylinderSeparator);
 
