@@ -561,9 +561,10 @@ TEST_F(TarnviewSurfaceGLTest, ABoxFarFromTheOriginLooksAsItDoesNearIt) {
 TEST_F(TarnviewSurfaceGLTest, AWrittenSceneFindsItsTexturesFromAnotherFolder) {
   std::filesystem::create_directory(folder.file("elsewhere"));
   // The file is named from where the program runs.
-  const Result written = run("env' -C " + quoted("") + " '" + TARN_VIEW_PROGRAM,
+  const Result written = run(TARN_VIEW_PROGRAM,
                              "box.obj --size 400x300 --background plain --render " +
-                                 quoted("ours.png") + " --write " + quoted("elsewhere/scene.iv"));
+                                 quoted("ours.png") + " --write " + quoted("elsewhere/scene.iv"),
+                             "env -C " + quoted(""));
   ASSERT_EQ(written.status, 0) << written.errors;
   EXPECT_THAT(content("elsewhere/scene.iv"), Not(HasSubstr("Tarn")));
   EXPECT_THAT(content("elsewhere/scene.iv"), HasSubstr("DEF Surface_box Separator"));
