@@ -13,7 +13,9 @@
 #include <bit>
 #include <cmath>
 #include <map>
+#include <memory>
 #include <unordered_map>
+#include <vector>
 
 namespace tarn::assimpFile {
 
@@ -50,13 +52,18 @@ public:
   Assimp::IOStream* Open(const char* name, const char*) override {
     const auto found = files.find(std::string_view(name));
     if (found == files.end()) return nullptr;
-    return new Assimp::MemoryIOStream(reinterpret_cast<const std::uint8_t*>(found->second.data()),
-                                      found->second.size());
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(found->second.data());
+    open.push_back(std::make_unique<Assimp::MemoryIOStream>(bytes, found->second.size()));
+    return open.back().get();
   }
-  void Close(Assimp::IOStream* stream) override { delete stream; }
+  void Close(Assimp::IOStream* stream) override {
+    std::erase_if(open, [stream](const auto& one) { return one.get() == stream; });
+  }
 
 private:
   std::map<std::string, std::string, std::less<>> files;
+  // The library leaves a stream open where it gives a file up.
+  std::vector<std::unique_ptr<Assimp::IOStream>> open;
 };
 
 // Takes the colour where the material has it.
