@@ -8,10 +8,8 @@
 #include <cstddef>
 #include <vector>
 
-namespace tarn {
-
 /// What the control points of curves and of surfaces have in common.
-namespace ControlPoints {
+namespace tarn::ControlPoints {
 
 /// Whether there are `count` and all are finite, and each has one positive, finite weight or none
 /// has any.
@@ -43,6 +41,4 @@ inline std::vector<HomogeneousPoint> weighted(const std::vector<Point3DDouble>& 
   return result;
 }
 
-}  // namespace ControlPoints
-
-}  // namespace tarn
+}  // namespace tarn::ControlPoints

@@ -1,10 +1,11 @@
 #include "host/model/KnotVector.h"
 
+#include <unsupported/Eigen/Splines>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
-#include <unsupported/Eigen/Splines>
 #include <utility>
 
 namespace tarn {

@@ -46,9 +46,10 @@ VOrdCollect* NURBSCurve::Tess3D(double tolerance, VOrdCollect** knotPoints) {
     const double parameter = parameters[static_cast<std::size_t>(i)];
     // What the curve passes through is not left to rounding.
     const int through = _knots.interpolatedAt(parameter);
+    const HomogeneousPoint* const support = weighted.data() + basis[i].first;
     HomogeneousPoint sum;
     for (int k = 0; k <= _knots.degree(); ++k) {
-      sum.add(basis[i].values[k], weighted[static_cast<std::size_t>(basis[i].first + k)]);
+      sum.add(basis[i].values[k], support[k]);
     }
     ThreeDPoint& point = _points[static_cast<std::size_t>(i)];
     point.SetApproximation(Point3DRandom(

@@ -23,7 +23,7 @@ struct TARN_HOST_EXPORT SurfaceGrid {
   /// other. The curves are bounded (see ChordSubdivision), but along u not all of them: those
   /// at the cells' edges, and in each span of v as many more as its degree has orders.
   ///
-  /// @param tolerance positive
+  /// @param tolerance positive; one below the coordinates' rounding may be missed
   /// @param mostCells where there would be more, there is no grid
   static std::optional<SurfaceGrid> of(const SurfaceSpline& surface, double tolerance,
                                        std::size_t mostCells);

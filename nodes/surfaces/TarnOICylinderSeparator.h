@@ -54,9 +54,9 @@ protected:
   /// Builds the centre line, or moves the one that is there.
   void AsCenterLine();
   /// Shows the prolonged axis, or forgets it. What was shown stays until the children are
-  /// dropped, for its nodes are no children of this node: hosts rely on it. `cylinder` tells
+  /// dropped, for its nodes are no children of this node: hosts rely on it. `extended` tells
   /// whether; the ends and how far are those of the bound cylinder.
-  void AddExtension(tarn::Cylinder* cylinder);
+  void AddExtension(tarn::Cylinder* extended);
 
   /// The mode of the last build: non-zero for the centre line.
   int centreLineMode = 0;
