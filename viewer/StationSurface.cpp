@@ -102,6 +102,25 @@ void leaveJumpsOut(std::vector<Corners>& triangles, std::span<const Vertex> vert
   });
 }
 
+// Elsewhere the picture would be smeared from its edge, and points behind the station have no place
+// in it. The first triangle stays: the photograph is the best for it.
+void leaveUnseenOut(std::vector<Corners>& triangles, std::span<const Vertex> vertices,
+                    tarn::Photograph& photograph) {
+  const tarn::Point2DDouble scale = photograph.GetPixelToTextureNormalizedSpace();
+  const auto isSeen = [&](int i) {
+    tarn::Point2DDouble pixel;
+    if (!vertices[static_cast<std::size_t>(i)].point->BestProjectionOnto(&photograph, pixel)) {
+      return false;
+    }
+    const double u = pixel.x * scale.x;
+    const double v = pixel.y * scale.y;
+    return u >= 0.0 && u <= 1.0 && v >= 0.0 && v <= 1.0;
+  };
+  const auto isUnseen = [&isSeen](const Corners& c) { return !std::ranges::all_of(c, isSeen); };
+  triangles.erase(std::remove_if(triangles.begin() + 1, triangles.end(), isUnseen),
+                  triangles.end());
+}
+
 double areaOnPhotograph(std::span<const Vertex> vertices, const Corners& corners) {
   const auto mark = [&](std::size_t k) {
     return vertices[static_cast<std::size_t>(corners[k])].mark;
@@ -140,7 +159,10 @@ void StationSurface::fill(tarn::SurfaceGroup& group, const tarn::CameraStation& 
   if (first == triangles.end()) {
     first = std::ranges::find_if(triangles, [&](const Corners& c) { return photographOf(c); });
   }
-  if (first != triangles.end()) std::iter_swap(triangles.begin(), first);
+  if (first != triangles.end()) {
+    std::iter_swap(triangles.begin(), first);
+    leaveUnseenOut(triangles, vertices, *photographOf(triangles.front()));
+  }
   for (const Corners& corners : triangles) {
     group.AddElement(vertex(corners[0]).point, vertex(corners[1]).point, vertex(corners[2]).point);
   }

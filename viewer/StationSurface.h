@@ -18,7 +18,8 @@ constexpr double longestEdge = 8.0;
 
 /// Fills an empty group with triangles whose fronts the station sees. Its first triangle decides
 /// which photograph is the group's best: it is one for which that is the station's own, the
-/// largest such, where there is any; else one that any photograph shows.
+/// largest such, where there is any; else one that any photograph shows. What the group's best
+/// photograph does not show is left out.
 /// Throws std::runtime_error that names the station where there are no triangles.
 void fill(tarn::SurfaceGroup& group, const tarn::CameraStation& station,
           const tarn::PhotoCollection& photographs);

@@ -166,6 +166,31 @@ TEST_F(StationSurfaceTest, WhereAnotherIsBestForAllTheFirstTriangleIsOneThatAnyS
   EXPECT_EQ(project.GetPhotoCollection()->GetBestFacePhoto(first), &ofLower);
 }
 
+// Two nearer stations see one side of the ground each; one of them gives the whole its picture.
+TEST_F(StationSurfaceTest, LeavesOutWhatItsPhotographDoesNotShow) {
+  for (const double x : {-2.0, 2.0}) {
+    tarn::CameraStation& lower = project.AddCameraStation();
+    lower.SetOrientation({x, 0.0, 10.0}, tarn::MatrixDouble::Identity(3));
+    lower.SetCamera(&camera);
+    project.GetPhotoCollection()->Add().SetCameraStation(&lower);
+  }
+  addGrid(10);
+  const int count = triangles();
+  auto* first = static_cast<tarn::SurfaceElement*>(group.GetSelsCollection(0)->at(0));
+  tarn::Photograph* best = project.GetPhotoCollection()->GetBestFacePhoto(first);
+  ASSERT_NE(best, &photograph);
+  EXPECT_GT(count, 2 * 9 * 9 / 2);
+  EXPECT_LT(count, 2 * 9 * 9);
+  for (int t = 0; t < count; ++t) {
+    for (int k = 0; k < 3; ++k) {
+      tarn::Point2DDouble pixel;
+      ASSERT_TRUE(best->GetCameraStation()->ProjectPoint(corner(t, k), pixel));
+      EXPECT_GE(pixel.x, 0.0);
+      EXPECT_LE(pixel.x, 1000.0);
+    }
+  }
+}
+
 TEST_F(StationSurfaceTest, LessThanThreePointsAreRefused) {
   addPoint({0.0, 0.0, 0.0});
   addPoint({1.0, 0.5, 0.0});
