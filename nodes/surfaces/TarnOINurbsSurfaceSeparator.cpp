@@ -17,6 +17,7 @@
 #include "nodes/surfaces/PositionOrStored.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -39,6 +40,33 @@ void placeTexture(const tarn::MatrixDouble* uvMatrix, SbVec2f* corners) {
     }
   }
 }
+
+/// The positions of corners, one after the other. Each triangle mostly shares two with the one
+/// before, and asking the model for a point's position brings its covariance along: the last few
+/// are kept.
+class CornerPositions {
+public:
+  /// Returns false, and leaves `position` as it was, for a corner that has none.
+  bool find(const tarn::ThreeDPoint* corner, tarn::Point3DDouble& position) {
+    const auto known = std::ranges::find(last, corner, &Known::corner);
+    if (corner && known != last.end()) {
+      position = known->position;
+      return true;
+    }
+    if (!positionOrStored(corner, position)) return false;
+    last[next] = {corner, position};
+    next = (next + 1) % last.size();
+    return true;
+  }
+
+private:
+  struct Known {
+    const tarn::ThreeDPoint* corner = nullptr;
+    tarn::Point3DDouble position;
+  };
+  std::array<Known, 4> last;
+  std::size_t next = 0;
+};
 
 /// The children in the making. Sets without texture and neutral materials are put in at the
 /// front, and the last neutral material put in is the first to be taken out again; tens of
@@ -116,10 +144,11 @@ void TarnOINurbsSurfaceSeparator::SetNurbsSurface(tarn::Surface* surface, tarn::
   if (shapeHints) addChild(shapeHints.get());
 
   ChildrenInTheMaking made;
+  CornerPositions positions;
   tarn::Point3DDouble position;
-  const auto positionOf = [&position](const tarn::ThreeDPoint* corner) {
+  const auto positionOf = [&positions, &position](const tarn::ThreeDPoint* corner) {
     // Where there is none it stays that of the corner before.
-    TARNOI_ASSERT_AT(positionOrStored(corner, position), "0", sourceFile, 213);
+    TARNOI_ASSERT_AT(positions.find(corner, position), "0", sourceFile, 213);
     return ViewerFrame::fromModel(position);
   };
   const auto place = [uvMatrices](tarn::Triangle* triangle, SbVec2f* corners) {

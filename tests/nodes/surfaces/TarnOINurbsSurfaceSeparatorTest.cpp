@@ -170,6 +170,48 @@ TEST_F(TarnOINurbsSurfaceSeparatorTest, ACornerWithoutPositionIsReportedAndStays
               ElementsAre(shownCorner(0, 0), shownCorner(0, 0), shownCorner(0, 0)));
 }
 
+TEST_F(TarnOINurbsSurfaceSeparatorTest, CornersThatComeAgainStandWhereTheyStood) {
+  std::vector<tarn::ThreeDPoint*> points;
+  for (int i = 0; i < 9; ++i) points.push_back(&surface.AddPoint(cornerOf(i / 3, i % 3)));
+  const int set = surface.AddTriangleSet();
+  textures.push_back(nullptr);
+  std::vector<SbVec3f> expected;
+  // A strip, then a fan around its first point, then corners from far apart.
+  for (const std::array<int, 3>& corners : {std::array{0, 1, 2},
+                                            {2, 1, 3},
+                                            {2, 3, 4},
+                                            {4, 3, 5},
+                                            {0, 5, 6},
+                                            {0, 6, 7},
+                                            {0, 7, 8},
+                                            {8, 0, 4},
+                                            {1, 6, 3},
+                                            {3, 3, 3},
+                                            {5, 1, 0}}) {
+    surface.AddTriangle(set, points[static_cast<std::size_t>(corners[0])],
+                        points[static_cast<std::size_t>(corners[1])],
+                        points[static_cast<std::size_t>(corners[2])]);
+    for (const int corner : corners) expected.push_back(shownCorner(corner / 3, corner % 3));
+  }
+  build();
+  EXPECT_EQ(valuesOf(childAt<SoCoordinate3>(*node, 2)->point), expected);
+}
+
+TEST_F(TarnOINurbsSurfaceSeparatorTest, ACornerWithoutPositionStaysAtOneThatCameAgain) {
+  tarn::Triangle& first = addSet();
+  tarn::ThreeDPoint nowhere;
+  surface.AddTriangle(0, first.GetPoint(0), &nowhere, first.GetPoint(1));
+  surface.AddTriangle(0, &nowhere, first.GetPoint(2), &nowhere);
+  build();
+  const auto report = IsAssertionAt("0", "TarnOINurbsSurfaceSeparator", 213);
+  EXPECT_THAT(takeAssertions(), ElementsAre(report, report, report));
+  const std::vector<SbVec3f> shown = valuesOf(childAt<SoCoordinate3>(*node, 2)->point);
+  const SbVec3f a = shownCorner(0, 0);
+  const SbVec3f b = shownCorner(0, 1);
+  const SbVec3f c = shownCorner(0, 2);
+  EXPECT_EQ(shown, (std::vector<SbVec3f>{a, b, c, a, a, b, b, c, c}));
+}
+
 TEST_F(TarnOINurbsSurfaceSeparatorTest, TheCornerBeforeMayBeOneOfTheSetBefore) {
   tarn::ThreeDPoint nowhere;
   addSet();
