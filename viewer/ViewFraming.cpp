@@ -102,9 +102,9 @@ SbRotation rotationOf(const ViewFraming::Axes& axes) {
 
 // Takes some of so many, spread over them: enough for their box. One out of each so many, but not
 // at the same place among them: points often come in rows.
+constexpr int enough = 50'000;
 template <typename Take>
 void sample(int count, Take take) {
-  constexpr int enough = 50'000;
   const int step = count / enough + 1;
   const int steps = count / step;
   for (int i = 0; i < steps; ++i) {
@@ -123,13 +123,53 @@ void take(const tarn::ThreeDPoint* point, std::vector<Point>& points) {
   if (point && point->GetApproximation(position)) points.push_back(position.position());
 }
 
+// The points that are farthest in the directions of a cube's faces, edges and corners (and, in
+// none, the first).
+class Farthest {
+public:
+  Farthest() { reaches.fill(-std::numeric_limits<double>::infinity()); }
+  void add(const Point& point) {
+    std::size_t direction = 0;
+    for (const double x : {-point.x, 0.0, point.x}) {
+      for (const double y : {-point.y, 0.0, point.y}) {
+        for (const double z : {-point.z, 0.0, point.z}) {
+          const double reach = x + y + z;
+          if (reach > reaches[direction]) {
+            reaches[direction] = reach;
+            points[direction] = point;
+          }
+          ++direction;
+        }
+      }
+    }
+  }
+  void addTo(std::vector<Point>& all) const {
+    if (std::isfinite(reaches.front())) all.insert(all.end(), points.begin(), points.end());
+  }
+
+private:
+  std::array<double, 27> reaches;
+  std::array<Point, 27> points;
+};
+
+// Some of the triangles, and the corners that reach farthest of all: those of a ground are few.
 void sample(tarn::Surface& surface, std::vector<Point>& points) {
   const tarn::VOrdCollect* triangles = surface.GetTriangles();
   if (!triangles) return;
-  sample(triangles->size(), [&](int i) {
+  const auto takeCorners = [&](int i, std::vector<Point>& to) {
     const auto* triangle = static_cast<const tarn::Triangle*>(triangles->at(i));
-    for (int corner = 0; corner < 3; ++corner) take(triangle->GetPoint(corner), points);
-  });
+    for (int corner = 0; corner < 3; ++corner) take(triangle->GetPoint(corner), to);
+  };
+  sample(triangles->size(), [&](int i) { takeCorners(i, points); });
+  if (triangles->size() < enough) return;
+  Farthest farthest;
+  std::vector<Point> corners;
+  for (int i = 0; i < triangles->size(); ++i) {
+    corners.clear();
+    takeCorners(i, corners);
+    for (const Point& corner : corners) farthest.add(corner);
+  }
+  farthest.addTo(points);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ class ViewFraming {
 public:
   /// Looks at the project's object points, oriented stations, imported lines and curves, at point
   /// meshes, and at the triangles of imported surfaces, NURBS surfaces and cylinders (of large ones
-  /// at every so manyth point or triangle).
+  /// at every so manyth point or triangle, and the triangles that reach farthest).
   explicit ViewFraming(const tarn::Project& project);
 
   /// The box of the object points and meshes without outliers, and of surfaces, lines and curves;

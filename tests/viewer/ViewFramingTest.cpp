@@ -13,6 +13,7 @@
 #include "nodes/framework/ViewerFrame.h"
 #include "tests/support/TarnTest.h"
 
+#include <array>
 #include <cmath>
 
 using View = CommandLine::View;
@@ -136,6 +137,40 @@ TEST_F(ViewFramingTest, BoxOfALargeSurfaceIsThatOfSomeOfItsTriangles) {
   ASSERT_TRUE(framing.objectExtents().GetExtents(low, high));
   EXPECT_NEAR(low.length(), 0.0, 2.0);
   EXPECT_NEAR((high - Point3DDouble(99.0, 49.0, 6.0)).length(), 0.0, 2.0);
+}
+
+// Two triangles of a turned ground, wherever they stand among the many.
+TEST_F(ViewFramingTest, EveryViewHoldsTheFewFarTrianglesOfALargeSurface) {
+  const std::array<Point3DDouble, 4> ground = {
+      {{-300.0, -40.0, 1.0}, {40.0, -300.0, 2.0}, {300.0, 40.0, 3.0}, {-40.0, 300.0, 2.0}}};
+  for (const int place : {0, 1, 2, 77'777, 119'999}) {
+    tarn::Project large;
+    tarn::ImportedSurface& surface = large.AddImportedSurface();
+    const int set = surface.AddTriangleSet();
+    std::array<tarn::ThreeDPoint*, 4> corners{};
+    for (std::size_t k = 0; k < 4; ++k) corners[k] = &surface.AddPoint(ground[k]);
+    tarn::ThreeDPoint& house = surface.AddPoint({10.0, 20.0, 30.0});
+    for (int i = 0; i < 120'000; ++i) {
+      if (i == place) {
+        surface.AddTriangle(set, corners[0], corners[1], corners[2]);
+        surface.AddTriangle(set, corners[0], corners[2], corners[3]);
+      } else {
+        surface.AddTriangle(set, &house, &house, &house);
+      }
+    }
+    const ViewFraming framing(large);
+    for (const View view : {View::eIso, View::eTop, View::eFront, View::eRight}) {
+      const NodeRef<SoCamera> camera(framing.makeCamera(view, 1.5));
+      framing.setDepthRange(camera.get(), 0.5);
+      for (const Point3DDouble& corner : ground) {
+        const SbVec3f at = onScreen(*camera, corner);
+        for (int k = 0; k < 3; ++k) {
+          EXPECT_GE(at[k], 0.0F) << "place " << place << " view " << static_cast<int>(view);
+          EXPECT_LE(at[k], 1.0F) << "place " << place << " view " << static_cast<int>(view);
+        }
+      }
+    }
+  }
 }
 
 TEST_F(ViewFramingTest, UpIsZUnlessTheStationsStandUprightAboutAnotherDirection) {
