@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <type_traits>
 
 namespace tarn {
 
@@ -67,8 +68,14 @@ std::string_view TextFields::word(const char* what) {
 template <typename Number>
 bool TextFields::take(Number& value, std::string_view& field, const char* what) {
   field = word(what);
-  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
-  return error == std::errc() && end == field.data() + field.size();
+  const char* begin = field.data();
+  const char* last = begin + field.size();
+  // Fortran and other programs write the sign of every number.
+  if (std::is_floating_point_v<Number> && field.size() > 1 && field[0] == '+' && field[1] != '-') {
+    ++begin;
+  }
+  const auto [end, error] = std::from_chars(begin, last, value);
+  return error == std::errc() && end == last;
 }
 
 double TextFields::anyNumber(const char* what) {

@@ -210,6 +210,12 @@ TEST_F(SurfaceReaderTest, NumbersAreReadTheSameWhereACommaDividesThem) {
   EXPECT_EQ(triangles(surface)[0][0], Point3DDouble(1.5, 2, 3));
 }
 
+TEST_F(SurfaceReaderTest, NumbersMayHaveAPlusAheadOfThem) {
+  ImportedSurface& surface =
+      read("v +1.5e+00 2 +.5\nv 4 2 3\nv 1 7 3\n" + normals + "f 1//1 2//1 3//1\n");
+  EXPECT_EQ(triangles(surface)[0][0], Point3DDouble(1.5, 2, 0.5));
+}
+
 TEST_F(SurfaceReaderTest, ASurfaceWithoutAnObjectIsNamedAfterTheFile) {
   const std::string faces = triangle + normals + "f 1//1 2//1 3//1\n";
   EXPECT_EQ(read(faces, "old house.obj").GetName().str(), "old house");
