@@ -83,7 +83,7 @@ void ObjFile::read(SurfaceModel& model, ReadProgress& progress) {
                             "one of the " + std::to_string(count) + " that the file has");
   }
   if (model.objects.empty()) {
-    throw ReadError::inFile(_path, "no faces among its records", "at least one (f)");
+    throw ReadError::inFile(_path, "an OBJ file without faces", "at least one (f)");
   }
 }
 

@@ -28,9 +28,8 @@ const std::string corner =
 
 const BadFile badFiles[] = {
     {"Empty", "", ": found an empty file, expected a file of surfaces"},
-    {"Blank", "\n  \n", ": found no faces among its records, expected at least one (f)"},
-    {"CommentsOnly", "# nothing\n",
-     ": found no faces among its records, expected at least one (f)"},
+    {"Blank", "\n  \n", ": found an OBJ file without faces, expected at least one (f)"},
+    {"CommentsOnly", "# nothing\n", ": found an OBJ file without faces, expected at least one (f)"},
     {"AnotherText", "hello world\n",
      ":1: found \"hello\", expected a record of an OBJ file (v, vt, vn, f, o, mtllib)"},
     {"AnotherFormat", "OFF\n3 1 0\n",
@@ -38,13 +37,15 @@ const BadFile badFiles[] = {
     {"BinaryData", std::string("\x4c\x01\x02\x00\x00", 5),
      ":1: found \"L\\x01\\x02\\x00\\x00\", expected a record of an OBJ file (v, vt, vn, f, o, "
      "mtllib)"},
-    {"NoFaces", triangle, ": found no faces among its records, expected at least one (f)"},
+    {"NoFaces", triangle, ": found an OBJ file without faces, expected at least one (f)"},
     {"LinesOnly", triangle + "l 1 2\n",
-     ": found no faces among its records, expected at least one (f)"},
+     ": found an OBJ file without faces, expected at least one (f)"},
 
     {"PointCutOff", "v 1 2\n", ":1: found the end of the line after 3 fields, expected z"},
     {"PointWithoutNumbers", "v\n", ":1: found the end of the line after 1 fields, expected x"},
     {"PointNoNumber", "v 1 two 3\n", ":1: found \"two\" (field 3), expected y, a finite number"},
+    {"PointWithTwoSigns", "v 1 2 +-3\n",
+     ":1: found \"+-3\" (field 4), expected z, a finite number"},
     {"PointNotANumber", "v 1 2 nan\n", ":1: found \"nan\" (field 4), expected z, a finite number"},
     {"PointInfinite", "v inf 2 3\n", ":1: found \"inf\" (field 2), expected x, a finite number"},
     {"PointThatNoDoubleHolds", "v 1 1e999 3\n",
