@@ -157,7 +157,9 @@ private:
   // leaves the rest to the other: a cylinder is straight along its axis.
   bool cut(double share) {
     const double forU = share - std::min(1.02 * wholeV, 0.5 * share);
-    auto cutU = ChordSubdivision::of(surface.knotsU, alongU, forU, mostCells);
+    // Each part of u has cells in all spans of v.
+    auto cutU = ChordSubdivision::of(surface.knotsU, alongU, forU,
+                                     mostCells / surface.knotsV.spans().size());
     if (cutU.parameters.empty()) return false;
     u.set(std::move(cutU));
     const double forV = std::max(share - u.largestDeviation(), 0.25 * share);
