@@ -1,5 +1,7 @@
 #include "host/model/ChordSubdivision.h"
 
+#include "host/general/VectorProducts.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,9 +16,6 @@ using Piece = std::array<HomogeneousPoint, KnotVector::highestDegree + 1>;
 
 double distanceFromSegment(const Point3DDouble& point, const Point3DDouble& begin,
                            const Point3DDouble& end) {
-  const auto dot = [](const Point3DDouble& a, const Point3DDouble& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-  };
   const Point3DDouble along = end - begin;
   const double length2 = dot(along, along);
   const double at = length2 > 0.0 ? std::clamp(dot(point - begin, along) / length2, 0.0, 1.0) : 0.0;
