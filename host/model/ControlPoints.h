@@ -11,14 +11,22 @@
 /// What the control points of curves and of surfaces have in common.
 namespace tarn::ControlPoints {
 
-/// Whether there are `count` and all are finite, and each has one positive, finite weight or none
-/// has any.
+/// What coordinates and weights may be: products of several of them stay in the range of double.
+constexpr double farthestCoordinate = 1e60;
+constexpr double smallestWeight = 1e-60;
+constexpr double largestWeight = 1e60;
+
+/// Whether there are `count` and no coordinate is beyond `farthestCoordinate`, and each has one
+/// weight, `smallestWeight` to `largestWeight`, or none has any.
 inline bool areUsable(const std::vector<Point3DDouble>& points, const std::vector<double>& weights,
                       std::size_t count) {
-  const auto isPlace = [](const Point3DDouble& point) {
-    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+  const auto isCoordinate = [](double value) { return std::fabs(value) <= farthestCoordinate; };
+  const auto isPlace = [isCoordinate](const Point3DDouble& point) {
+    return isCoordinate(point.x) && isCoordinate(point.y) && isCoordinate(point.z);
   };
-  const auto isWeight = [](double weight) { return weight > 0.0 && std::isfinite(weight); };
+  const auto isWeight = [](double weight) {
+    return weight >= smallestWeight && weight <= largestWeight;
+  };
   return points.size() == count && (weights.empty() || weights.size() == points.size()) &&
          std::ranges::all_of(points, isPlace) && std::ranges::all_of(weights, isWeight);
 }

@@ -16,7 +16,10 @@ std::optional<KnotVector> KnotVector::make(int degree, std::vector<double> knots
   if (knots.size() < 2 * p + 2) return std::nullopt;
   const std::size_t count = knots.size() - p - 1;
   for (std::size_t i = 0; i < knots.size(); ++i) {
-    if (!std::isfinite(knots[i]) || (i > 0 && knots[i] < knots[i - 1])) return std::nullopt;
+    if (!std::isfinite(knots[i])) return std::nullopt;
+    if (i > 0 && knots[i] != knots[i - 1] && !(knots[i] - knots[i - 1] >= shortestSpan)) {
+      return std::nullopt;
+    }
   }
   if (!std::isfinite(knots.back() - knots.front())) return std::nullopt;
   for (std::size_t i = 1; i < count; ++i) {

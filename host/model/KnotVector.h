@@ -15,6 +15,7 @@ namespace tarn {
 class TARN_HOST_EXPORT KnotVector {
 public:
   static constexpr int highestDegree = 24;
+  static constexpr double shortestSpan = 1e-60;  ///< 1 over it has to be a number
 
   /// Two neighbouring knots that differ: between them the spline is one polynomial.
   struct Span {
@@ -37,7 +38,8 @@ public:
   /// The knots of a spline, which has as many control points as there are knots, less the degree
   /// and one. None where they do not make one: the degree is not 1 to `highestDegree`, or not
   /// below the number of control points; a knot is not finite or below the one before; a knot is
-  /// repeated more than `degree` times, at an end once more; or the parameter has no room.
+  /// repeated more than `degree` times, at an end once more; knots that differ are nearer than
+  /// `shortestSpan`; or the parameter has no room.
   static std::optional<KnotVector> make(int degree, std::vector<double> knots);
 
   int degree() const { return _degree; }

@@ -26,9 +26,9 @@ public:
   NURBSCurve& operator=(const NURBSCurve&) = delete;
 
   /// Sets the whole curve; control points in model coordinates. Returns 0, and changes nothing,
-  /// where the knots do not make a spline (see KnotVector::make), a control point is not finite,
-  /// or there is not one positive, finite weight for each control point. No weights at all
-  /// stand for weights of 1.
+  /// where the knots do not make a spline (see KnotVector::make), a coordinate is not finite or
+  /// beyond 1e60, or there is not one weight, 1e-60 to 1e60, for each control point. No weights
+  /// at all stand for weights of 1.
   int SetCurve(int degree, const std::vector<double>& knots,
                const std::vector<Point3DDouble>& controlPoints,
                const std::vector<double>& weights = {});

@@ -25,8 +25,8 @@ public:
   /// in model coordinates, run along u first: number i of u and j of v is the one at j * (count in
   /// u) + i. Returns 0, and changes nothing, where the knots of either direction do not make a
   /// spline (see KnotVector::make), the counts in u and v, which follow from them, do not multiply
-  /// to that of the control points, one of those is not finite, or there is not one positive,
-  /// finite weight for each. No weights at all stand for weights of 1.
+  /// to that of the control points, a coordinate is not finite or beyond 1e60, or there is not one
+  /// weight, 1e-60 to 1e60, for each. No weights at all stand for weights of 1.
   int SetSurface(int degreeU, const std::vector<double>& knotsU, int degreeV,
                  const std::vector<double>& knotsV, const std::vector<Point3DDouble>& controlPoints,
                  const std::vector<double>& weights = {});

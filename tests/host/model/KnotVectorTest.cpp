@@ -153,3 +153,8 @@ TEST_F(KnotVectorTest, AParameterWithoutRoomIsRefused) {
   // Each knot is repeated seldom enough, but the parameter begins where it ends.
   EXPECT_FALSE(KnotVector::make(2, {0, 0, 1, 1, 2, 2}));
 }
+
+TEST_F(KnotVectorTest, KnotsThatAreTooNearToEachOtherAreNone) {
+  EXPECT_TRUE(KnotVector::make(2, {0, 0, 0, 1e-60, 1, 1, 1}));
+  EXPECT_FALSE(KnotVector::make(2, {0, 0, 0, 9e-61, 1, 1, 1}));
+}

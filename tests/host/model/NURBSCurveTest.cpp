@@ -253,6 +253,26 @@ TEST_F(NURBSCurveTest, ATooSmallOrImpossibleToleranceGivesNothing) {
   }
 }
 
+TEST_F(NURBSCurveTest, WeightsThatAreAllTheSameChangeNothingHoweverLargeOrSmall) {
+  CurveData data = uneven();
+  data.weights.assign(data.points.size(), 1.0);
+  set(data);
+  const std::size_t count = tessellated(0.01).size();
+  for (const double weight : {1e60, 1e-60}) {
+    data.weights.assign(data.points.size(), weight);
+    set(data);
+    EXPECT_EQ(tessellated(0.01).size(), count) << weight;
+  }
+}
+
+TEST_F(NURBSCurveTest, TheLargestCoordinatesStayNumbers) {
+  ASSERT_TRUE(curve.SetCurve(2, {0, 0, 0, 1, 1, 1}, {{-1e60, 0, 0}, {0, 1e60, 0}, {1e60, 0, 0}},
+                             {1, 2, 1}));
+  const auto points = tessellated(1e57);
+  EXPECT_GT(points.size(), 10U);
+  for (const Point3DDouble& point : points) EXPECT_TRUE(std::isfinite(point.length()));
+}
+
 TEST_F(NURBSCurveTest, ATinyToleranceEnds) {
   set(circle());
   const auto* points = curve.Tess3D(1e-300, nullptr);
@@ -361,6 +381,9 @@ INSTANTIATE_TEST_SUITE_P(
                 d.weights.clear();
               }},
         Wrong{"a control point that is not finite", [](CurveData& d) { d.points[3].y = infinite; }},
+        Wrong{"a coordinate that is too large", [](CurveData& d) { d.points[3].x = -2e60; }},
+        Wrong{"a weight that is too small", [](CurveData& d) { d.weights[2] = 9e-61; }},
+        Wrong{"a weight that is too large", [](CurveData& d) { d.weights[2] = 2e60; }},
         Wrong{"a weight of 0", [](CurveData& d) { d.weights[2] = 0; }},
         Wrong{"a negative weight", [](CurveData& d) { d.weights[2] = -1; }},
         Wrong{"a weight that is no number", [](CurveData& d) { d.weights[2] = notANumber; }},

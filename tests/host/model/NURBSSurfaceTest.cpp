@@ -405,6 +405,11 @@ INSTANTIATE_TEST_SUITE_P(
         WrongSurface{"a control point too many", [](SurfaceData& d) { d.points.emplace_back(); }},
         WrongSurface{"a control point that is not finite",
                      [](SurfaceData& d) { d.points[7].z = infinite; }},
+        WrongSurface{"a weight that is too large", [](SurfaceData& d) { d.weights[7] = 2e60; }},
+        WrongSurface{"knots that are too near to each other",
+                     [](SurfaceData& d) {
+                       for (double& knot : d.knotsV) knot *= 1e-300;
+                     }},
         WrongSurface{"a weight of 0", [](SurfaceData& d) { d.weights[7] = 0; }},
         WrongSurface{"a negative weight", [](SurfaceData& d) { d.weights[7] = -2; }},
         WrongSurface{"a weight too few", [](SurfaceData& d) { d.weights.pop_back(); }}));
