@@ -10,6 +10,12 @@ namespace tarn {
 
 namespace {
 
+// As it is where it has no quotes around it.
+std::string withoutQuotes(const std::string& name) {
+  const bool isQuoted = name.size() > 1 && name.front() == '"' && name.back() == '"';
+  return isQuoted ? name.substr(1, name.size() - 2) : name;
+}
+
 // As it is where it has no escapes.
 std::string withoutEscapes(const std::string& name) {
   std::string plain;
@@ -33,7 +39,7 @@ std::string namedFile(const std::string& byFile, const std::string& name) {
   const fs::path folder = fs::absolute(byFile).parent_path();
   std::string plain = name;
   std::ranges::replace(plain, '\\', '/');
-  for (const std::string& written : {plain, withoutEscapes(plain)}) {
+  for (const std::string& written : {plain, withoutQuotes(plain), withoutEscapes(plain)}) {
     for (const fs::path& place : {folder / written, folder / fs::path(written).filename()}) {
       std::error_code ignored;
       if (fs::is_regular_file(place, ignored)) return place.lexically_normal();

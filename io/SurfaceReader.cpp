@@ -77,14 +77,17 @@ void readMaterials(const std::string& path, const std::vector<std::string>& file
     }
   }
   std::size_t undefined = 0;
+  std::string firstUndefined;
   for (SurfaceModel::Material& material : model.materials) {
     const auto found = defined.find(material.name);
     if (found != defined.end()) material = found->second;
-    if (found == defined.end()) ++undefined;
+    if (found == defined.end() && undefined++ == 0) firstUndefined = material.name;
   }
   if (undefined == 0 || files.empty()) return;
-  warning("%s: %zu of its %zu materials are defined in none of its files of materials",
-          path.c_str(), undefined, model.materials.size());
+  warning(
+      "%s: %zu of its %zu materials, the first \"%s\", are defined in none of its files of "
+      "materials",
+      path.c_str(), undefined, model.materials.size(), firstUndefined.c_str());
 }
 
 void readObj(const std::string& path, std::string_view text, SurfaceModel& model,

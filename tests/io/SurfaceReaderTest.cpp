@@ -398,6 +398,14 @@ TEST_F(TexturedSurfaceTest, NamesHaveBlanksInThem) {
   EXPECT_EQ(textureOf(surface), picture);
 }
 
+TEST_F(TexturedSurfaceTest, NamesOfFilesMayBeQuoted) {
+  folder.write("my materials.mtl", "newmtl m\nKd 1 1 1\nmap_Kd \"tex\\dark brick.jpg\"\n");
+  const std::string picture = folder.write("dark brick.jpg", "a picture");
+  ImportedSurface& surface = read("mtllib \"my materials.mtl\"\n" + triangle + normals + uvs +
+                                  "usemtl m\nf 1/1/1 2/2/1 3/3/1\n");
+  EXPECT_EQ(textureOf(surface), picture);
+}
+
 TEST_F(TexturedSurfaceTest, SeveralFilesOfMaterialsOnOneLine) {
   folder.write("a.mtl", "newmtl a\nKd 1 0 0\n");
   folder.write("b.mtl", "newmtl b\nKd 0 1 0\n");
@@ -496,8 +504,9 @@ TEST_F(TexturedSurfaceTest, AMissingFileOfMaterialsIsTold) {
 
 TEST_F(TexturedSurfaceTest, AMaterialThatIsNotDefinedIsTold) {
   folder.write("m.mtl", "newmtl other\nKd 1 0 0\n");
-  ImportedSurface& surface =
-      readNoted(textured, {": 1 of its 1 materials are defined in none of its files of materials"});
+  ImportedSurface& surface = readNoted(
+      textured,
+      {": 1 of its 1 materials, the first \"m\", are defined in none of its files of materials"});
   EXPECT_EQ(surface.GetTriangles()->size(), 1);
 }
 
@@ -506,11 +515,12 @@ TEST_F(TexturedSurfaceTest, AFileOfMaterialsThatCannotBeReadIsTold) {
   read(textured);
   EXPECT_THAT(
       takeWarnings(),
-      ElementsAre(file + ": found an empty file, expected a file of materials; surfaces are "
-                         "shown without its materials",
-                  folder.file("model.obj") +
-                      ": 1 of its 1 materials are defined in none of its files of "
-                      "materials"));
+      ElementsAre(
+          file + ": found an empty file, expected a file of materials; surfaces are "
+                 "shown without its materials",
+          folder.file("model.obj") +
+              ": 1 of its 1 materials, the first \"m\", are defined in none of its files of "
+              "materials"));
 }
 
 TEST_F(TexturedSurfaceTest, WhatStandsAheadOfTheFirstMaterialIsPassedOver) {
