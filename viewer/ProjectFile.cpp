@@ -1,5 +1,6 @@
 #include "viewer/ProjectFile.h"
 
+#include "host/model/ImportedSurface.h"
 #include "host/model/Project.h"
 #include "io/ColmapReader.h"
 #include "io/PlyReader.h"
@@ -97,6 +98,28 @@ std::string open(const std::string& path, tarn::Project& project, const Options&
     return std::string(error.what()) + "; the dense cloud is left out";
   }
   return {};
+}
+
+bool isPictureOf(const tarn::Project& project, const std::string& file) {
+  const auto isSame = [&file](const tarn::VPathString* other) {
+    std::error_code ignored;
+    return other && fs::equivalent(file, other->text(), ignored);
+  };
+  const tarn::VOrdCollect& stations = project.GetCameraStations();
+  for (int i = 0; i < stations.size(); ++i) {
+    const auto* station = static_cast<tarn::CameraStation*>(stations.at(i));
+    const tarn::Photograph* photograph = station->GetPhotograph();
+    const tarn::Image* image = photograph ? photograph->GetImage() : nullptr;
+    if (image && isSame(image->GetFileName())) return true;
+  }
+  const tarn::VOrdCollect& surfaces = project.GetImportedSurfaces();
+  for (int i = 0; i < surfaces.size(); ++i) {
+    const auto* surface = static_cast<tarn::ImportedSurface*>(surfaces.at(i));
+    for (int set = 0; set < surface->GetNumTriangleSets(); ++set) {
+      if (isSame(surface->GetTextureFile(set))) return true;
+    }
+  }
+  return false;
 }
 
 tarn::CameraStation& findStation(const tarn::Project& project, const std::string& name) {

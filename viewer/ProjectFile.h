@@ -32,6 +32,9 @@ struct Options {
 /// @return why a dense cloud that was found, not named, is left out; else empty
 std::string open(const std::string& path, tarn::Project& project, const Options& options);
 
+/// Whether it is the same file, by whatever path, as one of the project's photographs or textures.
+bool isPictureOf(const tarn::Project& project, const std::string& file);
+
 /// The station of that name, or the only one whose picture has that name when folder and
 /// extension are left out. Throws UnknownName.
 tarn::CameraStation& findStation(const tarn::Project& project, const std::string& name);

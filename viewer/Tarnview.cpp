@@ -22,10 +22,13 @@
 #include <cmath>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <iomanip>
 #include <optional>
 #include <ostream>
 #include <sstream>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -91,6 +94,7 @@ public:
     input.progress = report;
     const std::string cloudProblem = ProjectFile::open(commandLine.project, project, input);
     if (!cloudProblem.empty()) say(cloudProblem);
+    keepInput();
     resolveNames();
     ProjectScene::Options options;
     options.imagePlanes = commandLine.imagePlanes;
@@ -210,6 +214,21 @@ private:
          << units.MetersToUnits(section.profile.back().distance) << ", heights "
          << units.MetersToUnits(low.height) << " to " << units.MetersToUnits(high.height);
     say(text.str());
+  }
+
+  // What is read stays as it is: the picture of house.obj is easily given the name of its texture.
+  void keepInput() const {
+    for (const std::string& file :
+         {commandLine.renderFile, commandLine.writeFile, commandLine.profileFile}) {
+      std::error_code ignored;
+      if (file.empty() || !std::filesystem::exists(file, ignored)) continue;
+      if (std::filesystem::equivalent(file, commandLine.project, ignored) ||
+          std::filesystem::equivalent(file, commandLine.cloud, ignored) ||
+          ProjectFile::isPictureOf(project, file)) {
+        throw std::runtime_error(file + ": found a file of the project's own, expected another " +
+                                 "name for what is written");
+      }
+    }
   }
 
   void resolveNames() {

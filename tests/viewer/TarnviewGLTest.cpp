@@ -585,6 +585,22 @@ TEST_F(TarnviewSurfaceGLTest, WhatIsMissingIsToldAndTheRestIsDrawn) {
   EXPECT_EQ(strongest("a.png", 0.5, 0.5), 0);
 }
 
+TEST_F(TarnviewSurfaceGLTest, WhatIsReadIsNotWrittenOver) {
+  const std::string picture = content("my side.png");
+  const std::string text = content("box.obj");
+  std::filesystem::create_symlink(folder.file("my side.png"), folder.file("link.png"));
+  for (const std::string& options :
+       {"--render " + quoted("my side.png"), "--render " + quoted("link.png"),
+        "--write " + quoted("box.obj"), "--write " + quoted("./box.obj")}) {
+    const Result result = tarnview(quoted("box.obj") + " --size 100x100 " + options);
+    EXPECT_EQ(result.status, 1) << options;
+    EXPECT_THAT(result.errors, HasSubstr(": found a file of the project's own, expected another "
+                                         "name for what is written"));
+  }
+  EXPECT_EQ(content("my side.png"), picture);
+  EXPECT_EQ(content("box.obj"), text);
+}
+
 TEST_F(TarnviewSurfaceGLTest, ADamagedFileEndsWithOne) {
   folder.write("bad.obj", "v 1 2 3\nf 1 2 3\n");
   const Result result = tarnview(quoted("bad.obj") + " --render " + quoted("a.png"));
