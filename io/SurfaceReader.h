@@ -18,7 +18,8 @@ class Project;
 /// Each object of the file becomes a surface, named after it, or after the file where it has no
 /// name. A surface has a set of triangles for each of its materials, with its texture and its
 /// material; points are shared between its triangles. Faces of more corners are cut into
-/// triangles; lines and points are passed over.
+/// triangles; lines and points are passed over. Of a material its colours, its shininess and its
+/// texture are taken: transparency, and a scale or an offset of the texture, are not.
 ///
 /// Positions keep the file's frame and units. Those of OBJ files are exact, also far from the
 /// origin, and those of PLY files as PlyReader has them; the library reads others as floats.
