@@ -3,6 +3,7 @@
 #include "nodes/framework/ChildNodes.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <unordered_map>
@@ -11,20 +12,25 @@ namespace {
 
 // Objects that were noted, or perhaps were: a bit for the hash of each. Most triangles of a
 // surface are not among those that are looked for, and a bit that stays in the cache says so in
-// a fraction of the time of a look-up.
+// a fraction of the time of a look-up. There are 32 bits or more for each, or the share of those
+// that are looked up for nothing would grow with their number.
 class PerhapsNoted {
 public:
+  explicit PerhapsNoted(std::size_t objects)
+      : digits(static_cast<int>(std::bit_width(32 * objects + 1))),
+        bits(std::size_t{1} << digits) {}
+
   void note(const tarn::VObject* object) { bits[slotOf(object)] = true; }
   bool has(const tarn::VObject* object) const { return bits[slotOf(object)]; }
 
 private:
-  static constexpr unsigned int digits = 20;
-  static std::size_t slotOf(const tarn::VObject* object) {
+  std::size_t slotOf(const tarn::VObject* object) const {
     constexpr std::uint64_t golden = 0x9E3779B97F4A7C15;  // 2^64 over the golden ratio
     const std::uint64_t address = reinterpret_cast<std::uintptr_t>(object);
     return static_cast<std::size_t>(address * golden >> (64 - digits));
   }
-  std::vector<bool> bits = std::vector<bool>(std::size_t{1} << digits);
+  int digits;
+  std::vector<bool> bits;
 };
 
 }  // namespace
@@ -39,7 +45,7 @@ const OI_To_Tarn_TriangleLookup* TriangleLookups::find(const SoNode* faceSet) co
 std::vector<TriangleLookups::Face> TriangleLookups::firstFacesOf(
     const std::vector<const tarn::VObject*>& triangles) const {
   const std::size_t count = triangles.size();
-  PerhapsNoted sought;
+  PerhapsNoted sought(count);
   std::unordered_map<const tarn::VObject*, std::size_t> places(count);
   std::vector<std::size_t> firstPlaces(count);  // of a triangle that is there several times
   for (std::size_t i = 0; i < count; ++i) {
