@@ -127,7 +127,7 @@ PolygonTriangulation PolygonTriangulation::of(const Contour& outline,
     const auto placeOf = [&](std::size_t k) {
       return places[static_cast<std::size_t>(triangle[k])];
     };
-    const double area = dot(doubledArea({placeOf(0), placeOf(1), placeOf(2)}), normal);
+    const double area = dot(cross(placeOf(1) - placeOf(0), placeOf(2) - placeOf(0)), normal);
     result.triangles.push_back(triangle);
     if (area > largest) {
       largest = area;
