@@ -12,8 +12,16 @@ namespace ChildNodes {
 /// Takes `child` out of the group. Null, and a node that is no child of it, are passed over.
 TARNOI_EXPORT void remove(SoGroup& group, const SoNode* child);
 
-/// The last child that is a material: it wins over all others. Null where there is none.
-TARNOI_EXPORT const SoNode* lastMaterial(const SoGroup& group);
+/// The last child of that type, which may be a derived one; null where there is none. Of nodes
+/// that set the same it is the one that counts.
+template <typename Node>
+Node* last(const SoGroup& group) {
+  for (int i = group.getNumChildren(); i > 0; --i) {
+    SoNode* child = group.getChild(i - 1);
+    if (child->isOfType(Node::getClassTypeId())) return static_cast<Node*>(child);
+  }
+  return nullptr;
+}
 
 /// Takes the member's node out of the group, where it is a child, and clears the member.
 template <typename Node>

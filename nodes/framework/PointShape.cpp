@@ -13,13 +13,7 @@ void PointShape::findOrBuild(SoGroup& node, const char* className, int line) {
 }
 
 void PointShape::findCoordinate(const SoGroup& node, const char* className, int line) {
-  pointPos.reset();
-  for (int i = node.getNumChildren() - 1; i >= 0 && !pointPos; --i) {
-    SoNode* child = node.getChild(i);
-    if (child->isOfType(SoCoordinate3::getClassTypeId())) {
-      pointPos = NodeRef(static_cast<SoCoordinate3*>(child));
-    }
-  }
+  pointPos = NodeRef(ChildNodes::last<SoCoordinate3>(node));
   TARNOI_ASSERT_AT(pointPos, "pointPos", className, line);
 }
 

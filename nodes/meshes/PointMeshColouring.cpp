@@ -100,7 +100,7 @@ void TarnOIPointMeshSeparator::Highlight(SoMaterial* material, int on) {
   if (!colorBinding) return;
   // A highlight behind the points' colours paints the whole cloud.
   const bool perPoint =
-      !faceSet && colorMaterial && ChildNodes::lastMaterial(*this) == colorMaterial.get();
+      !faceSet && colorMaterial && ChildNodes::last<SoMaterial>(*this) == colorMaterial.get();
   colorBinding->value.setValue(perPoint ? SoMaterialBinding::PER_PART : SoMaterialBinding::OVERALL);
 }
 

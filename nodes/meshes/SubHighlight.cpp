@@ -25,7 +25,7 @@ void SubHighlight::remove(SoGroup& node) {
 
 void SubHighlight::chooseBinding(const SoGroup& node) {
   if (!binding) return;
-  const bool wins = ChildNodes::lastMaterial(node) == material.get();
+  const bool wins = ChildNodes::last<SoMaterial>(node) == material.get();
   const auto chosen = wins ? SoMaterialBinding::PER_PART : SoMaterialBinding::OVERALL;
   if (binding->value.getValue() != chosen) binding->value.setValue(chosen);
 }

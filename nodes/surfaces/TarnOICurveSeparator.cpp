@@ -7,6 +7,7 @@
 #include "host/general/Preferences.h"
 #include "host/model/NURBSCurve.h"
 #include "host/model/Project.h"
+#include "nodes/framework/ChildNodes.h"
 #include "nodes/framework/OneNotification.h"
 #include "nodes/framework/TarnOIAssert.h"
 #include "nodes/framework/ViewerFrame.h"
@@ -20,15 +21,6 @@ double toleranceOf(const tarn::Project* project) {
   if (project) return project->GetCurveTesselationTolerance();
   // A percentage of one unit, not of the curve's size: hosts rely on it.
   return tarn::gPref->GetPreference("CurveTessTolPercent", 0.03, "Curve") / 100.0;
-}
-
-template <typename Node>
-Node* lastChild(const SoGroup& node) {
-  for (int i = node.getNumChildren(); i > 0; --i) {
-    SoNode* child = node.getChild(i - 1);
-    if (child->isOfType(Node::getClassTypeId())) return static_cast<Node*>(child);
-  }
-  return nullptr;
 }
 
 }  // namespace
@@ -55,8 +47,8 @@ void TarnOICurveSeparator::SetCurve(tarn::NURBSCurve* curve, tarn::VDictionary* 
     addChild(new SoCoordinate3);
     addChild(new SoLineSet);
   }
-  auto* curvePos = lastChild<SoCoordinate3>(*this);
-  auto* curveSet = lastChild<SoLineSet>(*this);
+  auto* curvePos = ChildNodes::last<SoCoordinate3>(*this);
+  auto* curveSet = ChildNodes::last<SoLineSet>(*this);
   TARNOI_ASSERT_AT(curvePos && curveSet, "curvePos && curveSet", "TarnOICurveSeparator", 149);
   const int count = points->size();
   if (curveSet) curveSet->numVertices.setValue(count);

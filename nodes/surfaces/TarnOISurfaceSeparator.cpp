@@ -48,33 +48,23 @@ tarn::Photograph* bestPhotoOf(tarn::SurfaceGroup& group, tarn::Project* project)
 
 /// The children that a surface is written into: the last of each kind, null where there is none.
 struct MeshNodes {
-  explicit MeshNodes(const SoGroup& node) {
-    for (int i = 0; i < node.getNumChildren(); ++i) {
-      SoNode* child = node.getChild(i);
-      keepIf(child, coords);
-      keepIf(child, faceSet);
-      keepIf(child, textureCoords);
-      keepIf(child, hints);
-      keepIf(child, normals);
-    }
-  }
+  explicit MeshNodes(const SoGroup& node)
+      : coords(ChildNodes::last<SoCoordinate3>(node)),
+        faceSet(ChildNodes::last<SoIndexedFaceSet>(node)),
+        textureCoords(ChildNodes::last<SoTextureCoordinate2>(node)),
+        hints(ChildNodes::last<SoShapeHints>(node)),
+        normals(ChildNodes::last<SoNormal>(node)) {}
 
   // Normals may be fewer than the vertices that are shown: either may be older than the other.
   void makeRoomForNormals() const {
     if (normals && coords) NormalFill::makeRoomFor(*normals, coords->point.getNum());
   }
 
-  SoCoordinate3* coords = nullptr;
-  SoIndexedFaceSet* faceSet = nullptr;
-  SoTextureCoordinate2* textureCoords = nullptr;
-  SoShapeHints* hints = nullptr;
-  SoNormal* normals = nullptr;
-
-private:
-  template <typename Node>
-  static void keepIf(SoNode* child, Node*& kept) {
-    if (child->isOfType(Node::getClassTypeId())) kept = static_cast<Node*>(child);
-  }
+  SoCoordinate3* coords;
+  SoIndexedFaceSet* faceSet;
+  SoTextureCoordinate2* textureCoords;
+  SoShapeHints* hints;
+  SoNormal* normals;
 };
 
 void build(SoGroup& node, SoShapeHints* hints, bool textured) {

@@ -53,12 +53,12 @@ TEST_F(ChildNodesTest, AStrangerAndNullHaveNoCounterpart) {
   EXPECT_FALSE(ChildNodes::counterpart(*copy, *group, NodeRef<SoInfo>()));
 }
 
-TEST_F(ChildNodesTest, TheLastMaterialIsTheLastChildOfThatKind) {
-  EXPECT_EQ(ChildNodes::lastMaterial(*group), second.get());
+TEST_F(ChildNodesTest, TheLastOfATypeIsTheLastChildThatIsOfItOrDerived) {
+  EXPECT_EQ(ChildNodes::last<SoMaterial>(*group), second.get());
   const auto later = makeNode<TarnOIMaterialWithPriority>();
   group->addChild(later.get());
   group->addChild(new SoInfo);
-  EXPECT_EQ(ChildNodes::lastMaterial(*group), later.get());
+  EXPECT_EQ(ChildNodes::last<SoMaterial>(*group), later.get());
   group->removeAllChildren();
-  EXPECT_EQ(ChildNodes::lastMaterial(*group), nullptr);
+  EXPECT_EQ(ChildNodes::last<SoMaterial>(*group), nullptr);
 }
