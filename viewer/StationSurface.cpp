@@ -1,5 +1,6 @@
 #include "viewer/StationSurface.h"
 
+#include "host/general/VectorProducts.h"
 #include "host/model/CameraStation.h"
 #include "host/model/ObjectPoint.h"
 #include "host/model/PhotoCollection.h"
@@ -66,7 +67,7 @@ struct Edge {
        const tarn::Point3DDouble& eye) {
     const tarn::Point3DDouble edge = to - from;
     const tarn::Point3DDouble sight = 0.5 * (from + to) - eye;
-    const double along = (edge.x * sight.x + edge.y * sight.y + edge.z * sight.z) / sight.length();
+    const double along = dot(edge, sight) / sight.length();
     length = edge.length();
     across = std::sqrt(std::max(0.0, length * length - along * along));
   }

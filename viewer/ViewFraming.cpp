@@ -3,6 +3,7 @@
 #include <Inventor/nodes/SoOrthographicCamera.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 
+#include "host/general/VectorProducts.h"
 #include "host/model/ImportedLine.h"
 #include "host/model/ImportedSurface.h"
 #include "host/model/NURBSCurve.h"
@@ -21,12 +22,6 @@ using Point = tarn::Point3DDouble;
 
 constexpr double air = 1.08;         // room around what is framed
 constexpr float heightAngle = 0.6F;  // of the perspective view, radians
-
-double dot(const Point& a, const Point& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-
-Point cross(const Point& a, const Point& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
 
 Point unit(const Point& a) {
   const double length = a.length();
